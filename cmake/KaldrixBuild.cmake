@@ -1,0 +1,57 @@
+# Flags, and the three helpers by which every folder states its sources.
+include(GNUInstallDirs)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(kaldrix_flags INTERFACE)
+target_compile_features(kaldrix_flags INTERFACE cxx_std_20)
+# Rounding is part of the behaviour: no fused multiply-add.
+target_compile_options(kaldrix_flags INTERFACE -ffp-contract=off)
+target_include_directories(kaldrix_flags INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+
+add_library(kaldrix_warnings INTERFACE)
+target_compile_options(kaldrix_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wimplicit-fallthrough -Werror)
+
+option(KALDRIX_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+if(KALDRIX_SANITIZE)
+  set(sanitizers -fsanitize=address,bounds,shift,signed-integer-overflow,integer-divide-by-zero,null,return,bool,enum
+      -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(kaldrix_flags INTERFACE ${sanitizers})
+  target_link_options(kaldrix_flags INTERFACE ${sanitizers})
+endif()
+
+find_program(KALDRIX_CCACHE ccache)
+if(KALDRIX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${KALDRIX_CCACHE})
+endif()
+find_program(KALDRIX_MOLD mold)
+if(KALDRIX_MOLD)
+  add_link_options(-fuse-ld=mold)
+endif()
+
+# The folders of the library, in the order in which they may know each other: a folder includes
+# only what stands before it.
+set(KALDRIX_FOLDERS types platform json messages utils core items editor)
+
+# kaldrix_folder(NAME SOURCES...): one folder of the library, compiled once, gathered in `kaldrix`.
+function(kaldrix_folder name)
+  add_library(kaldrix_${name} OBJECT ${ARGN})
+  target_link_libraries(kaldrix_${name} PUBLIC kaldrix_flags PRIVATE kaldrix_warnings)
+  set_target_properties(kaldrix_${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+# kaldrix_test(NAME NEEDS folder... LIBS target... SOURCES file...): the test program of one folder.
+# It links just the folders it needs, so that it builds while others are in work.
+function(kaldrix_test name)
+  cmake_parse_arguments(arg "" "" "NEEDS;LIBS;SOURCES" ${ARGN})
+  add_executable(${name}_tests ${arg_SOURCES})
+  target_link_libraries(${name}_tests PRIVATE kaldrix_flags kaldrix_warnings GTest::gtest GTest::gtest_main ${arg_LIBS})
+  target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name}_tests PRIVATE KALDRIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  target_precompile_headers(${name}_tests PRIVATE <gtest/gtest.h> <string> <vector> <memory>)
+  foreach(folder IN LISTS arg_NEEDS)
+    target_link_libraries(${name}_tests PRIVATE kaldrix_${folder})
+  endforeach()
+  gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+endfunction()
