@@ -5,7 +5,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 add_library(kaldrix_flags INTERFACE)
 target_compile_features(kaldrix_flags INTERFACE cxx_std_20)
 # Rounding is part of the behaviour: no fused multiply-add.
-target_compile_options(kaldrix_flags INTERFACE -ffp-contract=off)
+target_compile_options(kaldrix_flags INTERFACE -ffp-contract=off -fno-math-errno)
 target_include_directories(kaldrix_flags INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
 
 add_library(kaldrix_warnings INTERFACE)
