@@ -32,52 +32,204 @@ enum TKaldrixType : std::uint8_t { ltRect, ltCircle };
 enum TZORAngle : std::uint8_t { ag0, ag90, ag180, ag270 };
 
 enum TZORMeasureType : std::uint8_t {
-  mtPaperWidth, mtPaperHeight, mtLabelWidth, mtLabelHeight, mtMarginLeft, mtMarginTop, mtGapHorz, mtGapVert
+  mtPaperWidth,
+  mtPaperHeight,
+  mtLabelWidth,
+  mtLabelHeight,
+  mtMarginLeft,
+  mtMarginTop,
+  mtGapHorz,
+  mtGapVert
 };
 
 enum TKaldrixOption : std::uint8_t { loUniqueID, loUndoRedo, loBackImageLayer, loBackImageMap };
 
 /// Transient states of the document inside a bracket.
 enum TKaldrixState : std::uint8_t {
-  lsModified, lsUpdate, lsUpdateMeasure, lsCalc, lsCalcNoUpdate, lsReading, lsUpdating, lsNoPaint, lsPaste,
+  lsModified,
+  lsUpdate,
+  lsUpdateMeasure,
+  lsCalc,
+  lsCalcNoUpdate,
+  lsReading,
+  lsUpdating,
+  lsNoPaint,
+  lsPaste,
   lsPrint
 };
 
 enum TZORBackStyle : std::uint8_t {
-  biNone, biImage, biGradHor, biGradVer, biGraCircle, biHalf1, biHalf2, biQuarter
+  biNone,
+  biImage,
+  biGradHor,
+  biGradVer,
+  biGraCircle,
+  biHalf1,
+  biHalf2,
+  biQuarter
 };
 
 enum TZOREdAction : std::uint8_t {
-  eaNone, eaSelection, eaMove, eaPoint, eaLine, eaArrowLine, eaRectangle, eaPolyline, eaArc, eaPolygon,
-  eaBezier, eaCirclePR, eaCircle2P, eaCircle3P, eaEllipse, eaText, eaEdText, eaMoveText, eaParagraph,
-  eaRichText, eaTrim, eaJoin, eaExtend, eaEquidist, eaBarcode, eaPDF417, eaDataMatrix, eaQRCode, eaImage,
-  eaFlow, eaLink, eaPolyLink, eaTable, eaPolyText, eaRank, eaNutriScore, eaLevel, eaSymbol, eaDim,
-  eaDimRad1, eaDimRad2, eaDimDia1, eaDimDia2, eaSectorPR, eaSector2P, eaSector3P, eaPackage, eaDimAng
+  eaNone,
+  eaSelection,
+  eaMove,
+  eaPoint,
+  eaLine,
+  eaArrowLine,
+  eaRectangle,
+  eaPolyline,
+  eaArc,
+  eaPolygon,
+  eaBezier,
+  eaCirclePR,
+  eaCircle2P,
+  eaCircle3P,
+  eaEllipse,
+  eaText,
+  eaEdText,
+  eaMoveText,
+  eaParagraph,
+  eaRichText,
+  eaTrim,
+  eaJoin,
+  eaExtend,
+  eaEquidist,
+  eaBarcode,
+  eaPDF417,
+  eaDataMatrix,
+  eaQRCode,
+  eaImage,
+  eaFlow,
+  eaLink,
+  eaPolyLink,
+  eaTable,
+  eaPolyText,
+  eaRank,
+  eaNutriScore,
+  eaLevel,
+  eaSymbol,
+  eaDim,
+  eaDimRad1,
+  eaDimRad2,
+  eaDimDia1,
+  eaDimDia2,
+  eaSectorPR,
+  eaSector2P,
+  eaSector3P,
+  eaPackage,
+  eaDimAng
 };
 
 enum TZOREdState : std::uint8_t {
-  edPickPoint, edSelectDrag, edPickFirst, edPickSecond, edPickThird, edPickNext, edPickRadio, edPickCenter,
-  edPickRadioX, edPickRadioY, edEnd, edEditing, edPickRef, edPickNextRef, edFirstRef, edSecondRef,
-  edPick1Distance, edPick2Distance, edTrim, edExtend, edEquidist, edPackage, edPickSide, edPickCircle
+  edPickPoint,
+  edSelectDrag,
+  edPickFirst,
+  edPickSecond,
+  edPickThird,
+  edPickNext,
+  edPickRadio,
+  edPickCenter,
+  edPickRadioX,
+  edPickRadioY,
+  edEnd,
+  edEditing,
+  edPickRef,
+  edPickNextRef,
+  edFirstRef,
+  edSecondRef,
+  edPick1Distance,
+  edPick2Distance,
+  edTrim,
+  edExtend,
+  edEquidist,
+  edPackage,
+  edPickSide,
+  edPickCircle
 };
 
 enum TZORStEditor : std::uint8_t { seDraw, seDrag, seSelect, seEditProp };
 
 enum TZORDrawType : std::uint8_t {
-  dtNone, dtSelRect, dtPoint, dtLine, dtPolyline, dtRect, dtCircle, dtCircle2P, dtCircle3P, dtArc3P,
-  dtText, dtEllipse, dtDiamond, dtDocument, dtTerminator, dtData, dtLink, dtPolyLink, dtHexagon,
-  dtFlowEllipse, dtStart, dtStep, dtEnd, dtDim, dtDimRad1, dtDimRad2, dtDimDia1, dtDimDia2, dtSector
+  dtNone,
+  dtSelRect,
+  dtPoint,
+  dtLine,
+  dtPolyline,
+  dtRect,
+  dtCircle,
+  dtCircle2P,
+  dtCircle3P,
+  dtArc3P,
+  dtText,
+  dtEllipse,
+  dtDiamond,
+  dtDocument,
+  dtTerminator,
+  dtData,
+  dtLink,
+  dtPolyLink,
+  dtHexagon,
+  dtFlowEllipse,
+  dtStart,
+  dtStep,
+  dtEnd,
+  dtDim,
+  dtDimRad1,
+  dtDimRad2,
+  dtDimDia1,
+  dtDimDia2,
+  dtSector
 };
 
 enum TZORMoveType : std::uint8_t {
-  mtNone, mtObjects, mtRadio, mtLinkCurve, mtBezier, mtBezierCtrl, mtPoint, mtPolyPoint, mtRadioX,
-  mtRadioY, mtArc, mtNW, mtN, mtNE, mtW, mtE, mtSW, mtS, mtSE, mtText, mtDispWidth
+  mtNone,
+  mtObjects,
+  mtRadio,
+  mtLinkCurve,
+  mtBezier,
+  mtBezierCtrl,
+  mtPoint,
+  mtPolyPoint,
+  mtRadioX,
+  mtRadioY,
+  mtArc,
+  mtNW,
+  mtN,
+  mtNE,
+  mtW,
+  mtE,
+  mtSW,
+  mtS,
+  mtSE,
+  mtText,
+  mtDispWidth
 };
 
 enum TZORSymEle : std::uint8_t {
-  syPenW, syFill, syRoundCap, syScalePen, syFColor, syBColor, syLineType, syFontColor, syFontHeight,
-  syFontName, syFontBold, syFontItalic, syFontUnderline, syLine, syCircle, syEllipse, syRectangle,
-  syPolyline, syArc, syText, syBezier, syPath, sySector, syFontScale
+  syPenW,
+  syFill,
+  syRoundCap,
+  syScalePen,
+  syFColor,
+  syBColor,
+  syLineType,
+  syFontColor,
+  syFontHeight,
+  syFontName,
+  syFontBold,
+  syFontItalic,
+  syFontUnderline,
+  syLine,
+  syCircle,
+  syEllipse,
+  syRectangle,
+  syPolyline,
+  syArc,
+  syText,
+  syBezier,
+  syPath,
+  sySector,
+  syFontScale
 };
 
 enum TZORImgType : std::uint8_t { itNone, itJpeg, itPng, itGif };
@@ -114,7 +266,15 @@ enum TZORVertAlign : std::uint8_t { vaTop, vaCenter, vaBottom };
 enum TZORGradient : std::uint8_t { grNone, grHorz, grVert };
 
 enum TZORFooter : std::uint8_t {
-  foNone, foCount, foMin, foMax, foSum, foMean, foMedian, foVariance, foStdDev
+  foNone,
+  foCount,
+  foMin,
+  foMax,
+  foSum,
+  foMean,
+  foMedian,
+  foVariance,
+  foStdDev
 };
 
 enum TKDXGrid : std::uint8_t { gtNone, gtVert, gtHorz, gtBoth };
@@ -123,70 +283,193 @@ enum TKDXGrid : std::uint8_t { gtNone, gtVert, gtHorz, gtBoth };
 enum TZORExportSVG : std::uint8_t { svCurrentUnit, svCurUnitNoMed, svFactor, svFactorPx };
 
 enum TZOREditorOption : std::uint8_t {
-  eoZoom, eoUnits, eoSettings, eoRotate, eoShowOrto, eoShowSnapToGrid, eoInput, eoMouseWheel,
-  eoEditOnDblClick, eoDrawLinkPoints, eoRichToolbar, eoResizeDataText
+  eoZoom,
+  eoUnits,
+  eoSettings,
+  eoRotate,
+  eoShowOrto,
+  eoShowSnapToGrid,
+  eoInput,
+  eoMouseWheel,
+  eoEditOnDblClick,
+  eoDrawLinkPoints,
+  eoRichToolbar,
+  eoResizeDataText
 };
 
 /// The kinds of item; the ordinals are stored in files.
 enum TZORItemType : std::uint8_t {
-  itUndefined, itPoint, itLine, itArrowLine, itPolyLine, itArc, itRectangle, itPolygon, itCircle,
-  itEllipse, itText, itPara, itBarcode, itPDF417, itDataMatrix, itQRCode, itImage, itFlow, itLink, itTable,
-  itPolyText, itRank, itNutriScore, itLevel, itSymbol, itBezier, itDim, itSector, itPackage, itRichText
+  itUndefined,
+  itPoint,
+  itLine,
+  itArrowLine,
+  itPolyLine,
+  itArc,
+  itRectangle,
+  itPolygon,
+  itCircle,
+  itEllipse,
+  itText,
+  itPara,
+  itBarcode,
+  itPDF417,
+  itDataMatrix,
+  itQRCode,
+  itImage,
+  itFlow,
+  itLink,
+  itTable,
+  itPolyText,
+  itRank,
+  itNutriScore,
+  itLevel,
+  itSymbol,
+  itBezier,
+  itDim,
+  itSector,
+  itPackage,
+  itRichText
 };
 
 enum TZORItemState : std::uint8_t { isNormal, isSelected, isRef };
 
 enum TZORFlowType : std::uint8_t {
-  ftTerminator, ftProcess, ftDocument, ftMultiDocument, ftDecision, ftData, ftDatabase, ftPredefined,
-  ftManualInput, ftManualOperation, ftPreparation, ftEllipse, ftStart, ftStep, ftEnd
+  ftTerminator,
+  ftProcess,
+  ftDocument,
+  ftMultiDocument,
+  ftDecision,
+  ftData,
+  ftDatabase,
+  ftPredefined,
+  ftManualInput,
+  ftManualOperation,
+  ftPreparation,
+  ftEllipse,
+  ftStart,
+  ftStep,
+  ftEnd
 };
 
 enum TZOLinkType : std::uint8_t {
-  ltDirLine, ltLeftRightTopBottom, ltTopBottomLeftRight, ltStepLineTwoPto, ltArc, ltCurve, ltPolyline,
+  ltDirLine,
+  ltLeftRightTopBottom,
+  ltTopBottomLeftRight,
+  ltStepLineTwoPto,
+  ltArc,
+  ltCurve,
+  ltPolyline,
   ltRoundCorner
 };
 
 /// Terminators of open strokes.
 enum TZORTermType : std::uint8_t {
-  ttNone, ttCircle, ttFillCircle, ttArrow, ttFillArrow, ttSquare, ttFillSquare, ttRhombus, ttFillRhombus,
-  ttLeftDia, ttRightDia, ttCross
+  ttNone,
+  ttCircle,
+  ttFillCircle,
+  ttArrow,
+  ttFillArrow,
+  ttSquare,
+  ttFillSquare,
+  ttRhombus,
+  ttFillRhombus,
+  ttLeftDia,
+  ttRightDia,
+  ttCross
 };
 
 enum TZODimType : std::uint8_t {
-  dmtHorz, dmtVert, dmtAligned, dmtRadial1, dmtRadial2, dmtDiameter1, dmtDiameter2, dmtAngle
+  dmtHorz,
+  dmtVert,
+  dmtAligned,
+  dmtRadial1,
+  dmtRadial2,
+  dmtDiameter1,
+  dmtDiameter2,
+  dmtAngle
 };
 
 /// Stroke patterns; the digits are dash and gap lengths in pen widths.
 enum TZOLineType : std::uint8_t {
-  iiSolid, ii0505, ii11, ii21, ii12, ii22, ii31, ii33, ii41, ii42, ii44, ii411
+  iiSolid,
+  ii0505,
+  ii11,
+  ii21,
+  ii12,
+  ii22,
+  ii31,
+  ii33,
+  ii41,
+  ii42,
+  ii44,
+  ii411
 };
 
 enum TZORPolyType : std::uint8_t { poText, poBarcode, poQR, poDataMatrix };
 
 enum TZORPackageStyle : std::uint8_t {
-  psWireFrameNoDim, psWireFrameDim, poSolidNoDim, poSolidDim, poPartDrill, poPartDrillDim
+  psWireFrameNoDim,
+  psWireFrameDim,
+  poSolidNoDim,
+  poSolidDim,
+  poPartDrill,
+  poPartDrillDim
 };
 
 /// What a move takes along: all points, or one edge or corner.
 enum TZORMoveOpt : std::uint8_t {
-  moAll, moLeft, moRight, moTop, moBottom, moTopLeft, moTopRight, moBotLeft, moBotRight
+  moAll,
+  moLeft,
+  moRight,
+  moTop,
+  moBottom,
+  moTopLeft,
+  moTopRight,
+  moBotLeft,
+  moBotRight
 };
 
 /// Options of layers; the first four apply to items too.
 enum TZOLayerOp : std::uint8_t {
-  lopVisible, lopPrint, lopSelectable, lopExport, lopBox, lopImage, lopMap, lopPrintBack, lopExportBack
+  lopVisible,
+  lopPrint,
+  lopSelectable,
+  lopExport,
+  lopBox,
+  lopImage,
+  lopMap,
+  lopPrintBack,
+  lopExportBack
 };
 
 /// What Clear removes.
 enum TZORClear : std::uint8_t {
-  cleAll, cleItems, cleSelection, cleLayers, cleBaseLayer, cleCounters, cleSymbols, cleAskList, cleValList,
-  cleUndoRedo, clePreview, cleDimStyles, cleBaseStyle
+  cleAll,
+  cleItems,
+  cleSelection,
+  cleLayers,
+  cleBaseLayer,
+  cleCounters,
+  cleSymbols,
+  cleAskList,
+  cleValList,
+  cleUndoRedo,
+  clePreview,
+  cleDimStyles,
+  cleBaseStyle
 };
 
 enum TZORFrame : std::uint8_t { pfNone, pfRectangle, pfCircle, pfCropCircle };
 
 enum TZORFieldType : std::uint8_t {
-  ftString, ftBool, ftInt, ftInt64, ftFloat, ftDateTimeFloat, ftBase64, ftBlobImg
+  ftString,
+  ftBool,
+  ftInt,
+  ftInt64,
+  ftFloat,
+  ftDateTimeFloat,
+  ftBase64,
+  ftBlobImg
 };
 
 enum TZORDataType : std::uint8_t { dtyNone, dtyCustom, dtyDataset, dtyJson, dtyCsv };
@@ -200,37 +483,130 @@ enum TZORAskType : std::uint8_t { atText, atInteger, atNumber, atDateTime };
 enum TZORAlignType : std::uint8_t { anHorz, anVert };
 
 enum TZORInsCol : std::uint8_t {
-  ic11, ic12, ic22, ic13, ic23, ic33, ic14, ic24, ic34, ic44, ic15, ic25, ic35, ic45, ic55, ic223
+  ic11,
+  ic12,
+  ic22,
+  ic13,
+  ic23,
+  ic33,
+  ic14,
+  ic24,
+  ic34,
+  ic44,
+  ic15,
+  ic25,
+  ic35,
+  ic45,
+  ic55,
+  ic223
 };
 
 enum TZORInsTypeBase : std::uint8_t {
-  iyID, iyLayer, iyFont, iy1D, iy2D, iyBack, iyTwoPoint, iyPoint, iyBorder, iyAngle, iyData, iyRadio,
-  iyCenter, iyAspect, iyFrame, iyMemo, iyPadding, iyAlignHorz, iyAlignHorzVert, iySize, iyWidthHeight,
+  iyID,
+  iyLayer,
+  iyFont,
+  iy1D,
+  iy2D,
+  iyBack,
+  iyTwoPoint,
+  iyPoint,
+  iyBorder,
+  iyAngle,
+  iyData,
+  iyRadio,
+  iyCenter,
+  iyAspect,
+  iyFrame,
+  iyMemo,
+  iyPadding,
+  iyAlignHorz,
+  iyAlignHorzVert,
+  iySize,
+  iyWidthHeight,
   iyBackBarcode
 };
 
 enum TZORInsType : std::uint8_t {
-  iyLine, iyDataImage, iyBarcode, iyText, iyImage, iyEmdeded, iyLink, iyTable, iyPolyText, iyRank, iyLevel,
-  iyNutriScore, iyArrowLine, iySymbol, iySector, iyDim, iyDimStyle, iyPackage
+  iyLine,
+  iyDataImage,
+  iyBarcode,
+  iyText,
+  iyImage,
+  iyEmdeded,
+  iyLink,
+  iyTable,
+  iyPolyText,
+  iyRank,
+  iyLevel,
+  iyNutriScore,
+  iyArrowLine,
+  iySymbol,
+  iySector,
+  iyDim,
+  iyDimStyle,
+  iyPackage
 };
 
 enum TZOInspectorOption : std::uint8_t { ioEditTextOnCreate, ioMouseWheel, ioSelMapImage };
 
 enum TZORInsProp : std::uint8_t {
-  ipText, ipFloat, ipColor, ipBool, ipInt, ipImage, ipAlpha, ipCode, ipList, ipMemo, ipTable, ipPolyText,
-  ipAlignHorz, ipAlignHorzVert, ipRank
+  ipText,
+  ipFloat,
+  ipColor,
+  ipBool,
+  ipInt,
+  ipImage,
+  ipAlpha,
+  ipCode,
+  ipList,
+  ipMemo,
+  ipTable,
+  ipPolyText,
+  ipAlignHorz,
+  ipAlignHorzVert,
+  ipRank
 };
 
 enum TZOListProp : std::uint8_t {
-  lpLayer, lpFrame, lpLine, lpBarcode, lpFont, lpTerm, lpRank, lpRankPos, lpAngle, lpField, lpFieldImg,
-  lpFilterImg, lpFieldInt, lpFieldNum, lpFieldTxt, lpMasterDetail, lpDetail, lpGridType, lpPolyText,
-  lpLevel, lpTextPos, lpNutriVal, lpNutriType, lpDimStyle, lpBoxStyle
+  lpLayer,
+  lpFrame,
+  lpLine,
+  lpBarcode,
+  lpFont,
+  lpTerm,
+  lpRank,
+  lpRankPos,
+  lpAngle,
+  lpField,
+  lpFieldImg,
+  lpFilterImg,
+  lpFieldInt,
+  lpFieldNum,
+  lpFieldTxt,
+  lpMasterDetail,
+  lpDetail,
+  lpGridType,
+  lpPolyText,
+  lpLevel,
+  lpTextPos,
+  lpNutriVal,
+  lpNutriType,
+  lpDimStyle,
+  lpBoxStyle
 };
 
 enum TZORViewType : std::uint8_t { vtFitPage, vtFitWidth, vtTwoPages, vtZoomPage };
 
 enum TZORSnap : std::uint8_t {
-  snPoint, snGrid, snMiddle, snCenter, snEnd, snRefSymbol, snCross, snTangent, snPerpendicular
+  snPoint,
+  snGrid,
+  snMiddle,
+  snCenter,
+  snEnd,
+  snRefSymbol,
+  snCross,
+  snTangent,
+  snPerpendicular
 };
 
 enum TZORKeyBoard : std::uint8_t { kyNUM, kyAlpha, ky39, ky128, kyCoda, kyCod11 };
@@ -238,7 +614,17 @@ enum TZORKeyBoard : std::uint8_t { kyNUM, kyAlpha, ky39, ky128, kyCoda, kyCod11 
 enum TZORefType : std::uint8_t { rtyRect, rtyCircle, rtyCross };
 
 enum TZORFillType : std::uint8_t {
-  ftNone, ftField, ftCounter, ftJson, ftCsv, ftAsk, ftList, ftFieldCount, ftJsonCount, ftCsvCount, ftImg64
+  ftNone,
+  ftField,
+  ftCounter,
+  ftJson,
+  ftCsv,
+  ftAsk,
+  ftList,
+  ftFieldCount,
+  ftJsonCount,
+  ftCsvCount,
+  ftImg64
 };
 
 enum TZORDrawOP : std::uint8_t { doAllSel, doAllNotSel, doSel };
@@ -247,30 +633,101 @@ enum TZORChangeEd : std::uint8_t { ceAll, ceLeftRightRuler, ceTopBottomRuler, ce
 
 /// What an observer is told.
 enum TZOChange : std::uint8_t {
-  chLabelDef, chBackSurf, chAligns, chMeasure, chPropItem, chUnits, chPaint, chDraw, chSelect,
-  chScrollSelect, chClearSelect, chCursor, chSelCur, chInspect, chEditInspect, chEndInspect,
-  chInspectPoint, chText, chChText, chPickSel, chSelSymbol
+  chLabelDef,
+  chBackSurf,
+  chAligns,
+  chMeasure,
+  chPropItem,
+  chUnits,
+  chPaint,
+  chDraw,
+  chSelect,
+  chScrollSelect,
+  chClearSelect,
+  chCursor,
+  chSelCur,
+  chInspect,
+  chEditInspect,
+  chEndInspect,
+  chInspectPoint,
+  chText,
+  chChText,
+  chPickSel,
+  chSelSymbol
 };
 
 enum TZODestUpdate : std::uint8_t { duEditor, duInspector, duPreview, duSymbol };
 
 enum TZORSelType : std::uint8_t {
-  stNone, stData, stPoint, stSizePoint, stFixedPoint, stPolyPoint, stBezier, stBezierCtrl, stSizeRectNW,
-  stSizeRectN, stSizeRectNE, stSizeRectW, stSizeRectE, stSizeRectSW, stSizeRectS, stSizeRectSE,
-  stFixedRect, stRefLine, stCenter, stCenterCircle, stRadio, stRadioX, stRadioY, stArcLink, stRect,
-  stAlign, stArc, stDispWidth
+  stNone,
+  stData,
+  stPoint,
+  stSizePoint,
+  stFixedPoint,
+  stPolyPoint,
+  stBezier,
+  stBezierCtrl,
+  stSizeRectNW,
+  stSizeRectN,
+  stSizeRectNE,
+  stSizeRectW,
+  stSizeRectE,
+  stSizeRectSW,
+  stSizeRectS,
+  stSizeRectSE,
+  stFixedRect,
+  stRefLine,
+  stCenter,
+  stCenterCircle,
+  stRadio,
+  stRadioX,
+  stRadioY,
+  stArcLink,
+  stRect,
+  stAlign,
+  stArc,
+  stDispWidth
 };
 
 enum TZORBarType : std::uint8_t {
-  btEAN13, btEAN8, btUPCA, btUPCE0, btCODE39, btCODE39EX, btCODE93, btCODE93EX, btCODABAR, btEAN128A,
-  btEAN128B, btEAN128C, btEAN128AUTO, btCODE128A, btCODE128B, btCODE128C, btCODE128AUTO, btINTER_25,
-  btINDUS_25, btMATRIX_25, btCODE11, btMSI, btPOSTNET
+  btEAN13,
+  btEAN8,
+  btUPCA,
+  btUPCE0,
+  btCODE39,
+  btCODE39EX,
+  btCODE93,
+  btCODE93EX,
+  btCODABAR,
+  btEAN128A,
+  btEAN128B,
+  btEAN128C,
+  btEAN128AUTO,
+  btCODE128A,
+  btCODE128B,
+  btCODE128C,
+  btCODE128AUTO,
+  btINTER_25,
+  btINDUS_25,
+  btMATRIX_25,
+  btCODE11,
+  btMSI,
+  btPOSTNET
 };
 
 enum TZORCheckType : std::uint8_t { ctNone, ctMod10, ctMod10UPCE, ctMod10Right, ctMod11, ctMSI, ctMSI10 };
 
 enum TZOR128AutoType : std::uint8_t {
-  at128None, at128a, at128b, at128c, at128e, at128ac, at128nac, at128bc, at128cb, at128be
+  at128None,
+  at128a,
+  at128b,
+  at128c,
+  at128e,
+  at128ac,
+  at128nac,
+  at128bc,
+  at128cb,
+  at128be
 };
 
 enum TZOR128BCState : std::uint8_t { bcsCodeB, bcsCodeC };
@@ -288,8 +745,20 @@ enum TZORDrawWidth : std::uint8_t { dw1, dw1F, dw2, dw3, dw4, dw32 };
 enum TZORMapServiceType : std::uint8_t { mstTiles, mstWMS, mstWMTS };
 
 enum TZORMapProvider : std::uint8_t {
-  mpOpenStreetMap, mpCartoDB, mpESRI, mpOpenTopo, mpSIGPAC, mpIGNBase, mpIGNPNOA, mpGoogleRoad,
-  mpGoogleSatellite, mpGoogleTerrain, mpGoogleHybrid, mpHereMapsSatellite, mpCartoDark, mpCartoVoyager
+  mpOpenStreetMap,
+  mpCartoDB,
+  mpESRI,
+  mpOpenTopo,
+  mpSIGPAC,
+  mpIGNBase,
+  mpIGNPNOA,
+  mpGoogleRoad,
+  mpGoogleSatellite,
+  mpGoogleTerrain,
+  mpGoogleHybrid,
+  mpHereMapsSatellite,
+  mpCartoDark,
+  mpCartoVoyager
 };
 
 enum TZORGMLMapTarget : std::uint8_t { gmtLayerBackground, gmtImageElement };

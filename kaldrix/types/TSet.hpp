@@ -37,7 +37,9 @@ class TSet {
   friend constexpr TSet operator*(TSet a, TSet b) { return FromBits(a.fBits & b.fBits); }
 
  private:
-  static constexpr std::uint32_t Bit(TEnum aValue) { return std::uint32_t{1} << static_cast<unsigned>(aValue); }
+  static constexpr std::uint32_t Bit(TEnum aValue) {
+    return std::uint32_t{1} << static_cast<unsigned>(aValue);
+  }
 
   std::uint32_t fBits = 0;
 };
