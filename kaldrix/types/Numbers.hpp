@@ -63,4 +63,11 @@ inline Int64 AddHeld(Int64 a, Int64 b) {
   return a > 0 ? INT64_MAX : INT64_MIN;
 }
 
+/// a - b, held at the ends of Int64 instead of running over.
+inline Int64 SubHeld(Int64 a, Int64 b) {
+  Int64 difference = 0;
+  if (!__builtin_sub_overflow(a, b, &difference)) return difference;
+  return a < 0 ? INT64_MIN : INT64_MAX;
+}
+
 }  // namespace Zor::inline Utils

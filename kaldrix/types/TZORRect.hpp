@@ -14,7 +14,7 @@ struct TZORPto64 {
 
   friend constexpr bool operator==(const TZORPto64&, const TZORPto64&) = default;
   friend TZORPto64 operator+(TZORPto64 a, TZORPto64 b) { return {AddHeld(a.X, b.X), AddHeld(a.Y, b.Y)}; }
-  friend TZORPto64 operator-(TZORPto64 a, TZORPto64 b) { return {AddHeld(a.X, -b.X), AddHeld(a.Y, -b.Y)}; }
+  friend TZORPto64 operator-(TZORPto64 a, TZORPto64 b) { return {SubHeld(a.X, b.X), SubHeld(a.Y, b.Y)}; }
 
   TZORPto64 Add(TZORPto64 p) const { return *this + p; }
   TZORPto64 Subtract(TZORPto64 p) const { return *this - p; }
@@ -68,13 +68,13 @@ struct TZORRect {
   /// The reset value of a bounds rectangle, where -1 means not set.
   static constexpr TZORRect EmptyRect() { return {-1, -1, -1, -1}; }
 
-  Int64 GetWidth() const { return Right - Left; }
-  Int64 GetHeight() const { return Bottom - Top; }
+  Int64 GetWidth() const { return SubHeld(Right, Left); }
+  Int64 GetHeight() const { return SubHeld(Bottom, Top); }
   void SetWidth(Int64 aWidth) { Right = AddHeld(Left, aWidth); }
   void SetHeight(Int64 aHeight) { Bottom = AddHeld(Top, aHeight); }
   void Inflate(Int64 dx, Int64 dy) { Inflate(dx, dy, dx, dy); }
   void Inflate(Int64 l, Int64 t, Int64 r, Int64 b) {
-    *this = {AddHeld(Left, -l), AddHeld(Top, -t), AddHeld(Right, r), AddHeld(Bottom, b)};
+    *this = {SubHeld(Left, l), SubHeld(Top, t), AddHeld(Right, r), AddHeld(Bottom, b)};
   }
   void Offset(Int64 dx, Int64 dy) {
     *this = {AddHeld(Left, dx), AddHeld(Top, dy), AddHeld(Right, dx), AddHeld(Bottom, dy)};
