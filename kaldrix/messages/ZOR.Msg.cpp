@@ -1,0 +1,1 @@
+#include "kaldrix/messages/ZOR.Msg.hpp"

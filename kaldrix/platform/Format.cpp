@@ -1,0 +1,1 @@
+#include "kaldrix/platform/Format.hpp"

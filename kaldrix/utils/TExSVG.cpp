@@ -1,0 +1,1 @@
+#include "kaldrix/utils/TExSVG.hpp"
