@@ -1,0 +1,113 @@
+// A JSON object: named values in the order of insertion.
+#pragma once
+
+#include "kaldrix/json/TJsonBaseObject.hpp"
+#include "kaldrix/json/TJsonKey.hpp"
+
+namespace Zor::inline Jsondataobjects {
+
+/// A name and its value.
+struct TJsonMember {
+  TJsonKey Name;
+  TJsonDataValue Value;
+};
+
+/// Named values in the order of insertion; names are compared with case. A parsed text may hold a name
+/// twice: a lookup finds the first. The getters convert as TJsonDataValue tells and give zero or empty for
+/// a missing name. An object of more than 32 members keeps an index of its names, made by the first lookup.
+class TJsonObject final : public TJsonBaseObject {
+ public:
+  TJsonObject() noexcept : TJsonBaseObject(true) {}
+  ~TJsonObject();
+
+  // Queries
+  bool Contains(std::string_view aKey) const { return Find(aKey) != nullptr; }
+  TJsonDataType GetType(std::string_view aKey) const;
+  /// The value, or nullptr when the name is missing.
+  const TJsonDataValue* Find(std::string_view aKey) const;
+  TJsonDataValue* Find(std::string_view aKey);
+  /// The 0-based place of a name, -1 when it is missing.
+  int IndexOf(std::string_view aKey) const;
+  std::string GetName(int aIndex) const { return std::string(GetNameView(aIndex)); }
+  /// The name at a place without a copy, valid until the object changes.
+  std::string_view GetNameView(int aIndex) const;
+
+  std::string GetString(std::string_view aKey) const;
+  /// A text without a copy, valid until the object changes; other kinds raise the cast error.
+  std::string_view GetStringView(std::string_view aKey) const;
+  int GetInt(std::string_view aKey) const;
+  Int64 GetLong(std::string_view aKey) const;
+  std::uint64_t GetULong(std::string_view aKey) const;
+  double GetFloat(std::string_view aKey) const;
+  bool GetBool(std::string_view aKey) const;
+  double GetDateTime(std::string_view aKey) const;
+  double GetUtcDateTime(std::string_view aKey) const;
+
+  /// The object or array under a name. A missing one is added, empty; another kind, null included, raises
+  /// the cast error.
+  TJsonObject& GetObject(std::string_view aKey);
+  TJsonArray& GetArray(std::string_view aKey);
+  /// The object or array under a name, nullptr when there is none. Adds nothing.
+  TJsonObject* FindObject(std::string_view aKey) const;
+  TJsonArray* FindArray(std::string_view aKey) const;
+  /// A transient handle on the value under a name, which need not exist yet.
+  TJsonDataValueHelper GetValue(std::string_view aKey);
+  TJsonDataValueHelper operator[](std::string_view aKey);
+
+  // Setting replaces the value of the first such name, or adds a member at the end.
+  void SetValue(std::string_view aKey, TJsonDataValue aValue) { Slot(aKey) = std::move(aValue); }
+  void SetString(std::string_view aKey, std::string_view aValue) { Slot(aKey).SetString(aValue); }
+  void SetInt(std::string_view aKey, int aValue) { Slot(aKey).SetInt(aValue); }
+  void SetLong(std::string_view aKey, Int64 aValue) { Slot(aKey).SetLong(aValue); }
+  void SetULong(std::string_view aKey, std::uint64_t aValue) { Slot(aKey).SetULong(aValue); }
+  void SetFloat(std::string_view aKey, double aValue) { Slot(aKey).SetFloat(aValue); }
+  void SetBool(std::string_view aKey, bool aValue) { Slot(aKey).SetBool(aValue); }
+  void SetDateTime(std::string_view aKey, double aValue) { Slot(aKey).SetDateTime(aValue); }
+  void SetUtcDateTime(std::string_view aKey, double aValue) { Slot(aKey).SetUtcDateTime(aValue); }
+  void SetNull(std::string_view aKey) { Slot(aKey).SetNull(); }
+  /// Raises EArgumentException when none is given; SetNull sets a null.
+  TJsonObject& SetObject(std::string_view aKey, std::unique_ptr<TJsonObject> aValue);
+  TJsonArray& SetArray(std::string_view aKey, std::unique_ptr<TJsonArray> aValue);
+
+  // Adding at the end without looking for the name: the fast way for a writer that knows its names.
+  void PutString(std::string_view aKey, std::string_view aValue) { Append(aKey).SetString(aValue); }
+  void PutInt(std::string_view aKey, int aValue) { Append(aKey).SetInt(aValue); }
+  void PutLong(std::string_view aKey, Int64 aValue) { Append(aKey).SetLong(aValue); }
+  void PutFloat(std::string_view aKey, double aValue) { Append(aKey).SetFloat(aValue); }
+  void PutBool(std::string_view aKey, bool aValue) { Append(aKey).SetBool(aValue); }
+  TJsonObject& PutObject(std::string_view aKey, std::unique_ptr<TJsonObject> aValue);
+  TJsonArray& PutArray(std::string_view aKey, std::unique_ptr<TJsonArray> aValue);
+  TJsonObject& AddNewObject(std::string_view aKey);
+  TJsonArray& AddNewArray(std::string_view aKey);
+
+  /// Removes the first member of that name, if there is one.
+  void Remove(std::string_view aKey);
+  /// Removes the member at a 0-based place. Raises EListError beyond the end.
+  void Delete(int aIndex);
+  /// Takes the object out of the tree and its member away; none when there is no object of that name.
+  std::unique_ptr<TJsonObject> ExtractObject(std::string_view aKey);
+  std::unique_ptr<TJsonArray> ExtractArray(std::string_view aKey);
+  std::unique_ptr<TJsonObject> Clone() const;
+  /// Room for so many members in all, so that adding them takes memory once.
+  void Reserve(int aCount);
+
+ private:
+  friend class TJsonBaseObject;
+  friend class TJsonReader;
+  friend class TJsonWriter;
+  class TIndex;
+
+  TJsonMember* Members() const noexcept { return static_cast<TJsonMember*>(fItems); }
+  /// An object and its members in one block. The members are moved out of `aMembers`, whose memory then
+  /// holds nothing.
+  static TJsonObject* Adopt(void* aMembers, std::size_t aCount);
+  TJsonDataValue& Slot(std::string_view aKey);
+  TJsonDataValue& Append(std::string_view aKey);
+  int IndexOf(const TJsonProbe& aProbe) const;
+  void DropIndex() noexcept;
+  void DestroyMembers() noexcept;
+
+  mutable std::unique_ptr<TIndex> fIndex;  ///< Of more than 32 members, after a lookup.
+};
+
+}  // namespace Zor::inline Jsondataobjects
