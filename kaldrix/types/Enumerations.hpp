@@ -804,5 +804,27 @@ template <>
 inline constexpr int EnumCount<TZORFillType> = ftImg64 + 1;
 template <>
 inline constexpr int EnumCount<TZORMapProvider> = mpCartoVoyager + 1;
+template <>
+inline constexpr int EnumCount<TZORTextPos> = tpVert + 1;
+template <>
+inline constexpr int EnumCount<TZORRadialStyle> = rs04 + 1;
+template <>
+inline constexpr int EnumCount<TZORDataType> = dtyCsv + 1;
+template <>
+inline constexpr int EnumCount<TZORFieldType> = ftBlobImg + 1;
+template <>
+inline constexpr int EnumCount<TZORCsvSep> = scvSpace + 1;
+template <>
+inline constexpr int EnumCount<TZORCsvQuote> = scqDoubleQuotes + 1;
+template <>
+inline constexpr int EnumCount<TZORAskType> = atDateTime + 1;
+template <>
+inline constexpr int EnumCount<TZOLayerOp> = lopExportBack + 1;
+template <>
+inline constexpr int EnumCount<TZOLinkType> = ltRoundCorner + 1;
+template <>
+inline constexpr int EnumCount<TZORFlowType> = ftEnd + 1;
+template <>
+inline constexpr int EnumCount<TZODimType> = dmtAngle + 1;
 
 }  // namespace Zor::inline Types

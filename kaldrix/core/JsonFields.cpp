@@ -1,0 +1,60 @@
+#include "kaldrix/core/JsonFields.hpp"
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace Zor::inline Base {
+
+namespace {
+
+[[noreturn]] void Refuse(std::string_view aKey, const std::string& aWhy) {
+  throw EJsonException("\"" + std::string(aKey) + "\": " + aWhy);
+}
+
+}  // namespace
+
+TAlphaColor GetColor(TJsonObject& aJson, std::string_view aKey) {
+  const TJsonObject* color = aJson.FindObject(aKey);
+  if (color == nullptr) color = &aJson.GetObject(aKey);
+  const auto byte = [color](std::string_view aName) { return static_cast<TAlphaColor>(color->GetInt(aName)) & 0xFF; };
+  const TAlphaColor red = byte("R"), green = byte("G"), blue = byte("B");
+  return byte("A") << 24 | red << 16 | green << 8 | blue;
+}
+
+int CheckedOrdinal(int aOrdinal, int aCount, std::string_view aKey) {
+  if (aOrdinal < 0 || aOrdinal >= aCount) Refuse(aKey, std::to_string(aOrdinal) + " is not a known value");
+  return aOrdinal;
+}
+
+Single GetSingle(const TJsonObject& aJson, std::string_view aKey) {
+  const auto value = static_cast<Single>(aJson.GetFloat(aKey));
+  if (!std::isfinite(value)) Refuse(aKey, "the number is too large");
+  return value;
+}
+
+Int64 GetCoordinate(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit) {
+  const Single value = GetSingle(aJson, aKey);
+  if (std::abs(double{value} * UnitFacts(aUnit).basePoints) > static_cast<double>(MaxCoordinate)) {
+    Refuse(aKey, "the position is outside the coordinate range");
+  }
+  return SetValue(value, aUnit);
+}
+
+int GetLength(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit) {
+  const Single value = GetSingle(aJson, aKey);
+  if (std::abs(double{value} * UnitFacts(aUnit).basePoints) > std::numeric_limits<int>::max()) {
+    Refuse(aKey, "the length is too large");
+  }
+  return static_cast<int>(SetValue(value, aUnit));
+}
+
+int GetIntIn(const TJsonObject& aJson, std::string_view aKey, int aLeast, int aMost) {
+  const int value = aJson.GetInt(aKey);
+  if (value < aLeast || value > aMost) {
+    Refuse(aKey, std::to_string(value) + " is not between " + std::to_string(aLeast) + " and " + std::to_string(aMost));
+  }
+  return value;
+}
+
+}  // namespace Zor::inline Base

@@ -1,0 +1,380 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kaldrix/core/TComponent.hpp"
+#include "kaldrix/core/TItemIndex.hpp"
+#include "kaldrix/core/TKDXBaseItem.hpp"
+#include "kaldrix/core/TOwnedList.hpp"
+#include "kaldrix/core/TUndoStack.hpp"
+#include "kaldrix/json/ZOR.JsonDataObjects.hpp"
+#include "kaldrix/types/Events.hpp"
+#include "kaldrix/types/Interfaces.hpp"
+#include "kaldrix/types/Records.hpp"
+#include "kaldrix/types/TZORRect.hpp"
+
+namespace Zor::inline Base {
+
+class TKDXBackSurf;
+class TKDXBaseLibSymbol;
+class TKDXBasePrintInfo;
+class TKDXCmd;
+class TKDXCounter;
+class TKDXData;
+class TKDXDimStyle;
+class TKDXLayer;
+class TKDXMeasure;
+class TKDXSettings;
+
+/// The version that this library writes, in JSON and binary.
+inline constexpr int FormatVersion = 3200;
+
+/// The document: one drawing with its layers, items, styles, selection and undo stacks. Everything reaches
+/// everything through it; a host subclasses it and makes the items.
+///
+/// Public accessors count from 1 and answer none, false or a reset value out of range; fActiveLayer,
+/// fActiveDimStyle and stored layer indexes count from 0. All of the class runs on the thread of its owner.
+///
+///   Lifecycle      TKDXBaseLabel.cpp
+///   Bracket        TKDXBaseLabel.Bracket.cpp      brackets, observers, notifications
+///   Items          TKDXBaseLabel.Items.cpp        items and identities
+///   Layers         TKDXBaseLabel.Layers.cpp       layers, dimension styles, box layer, rotation
+///   Selection      TKDXBaseLabel.Selection.cpp
+///   Values         TKDXBaseLabel.Values.cpp       units, conversions, editor mode
+///   Pages          TKDXBaseLabel.Pages.cpp
+///   Undo           TKDXBaseLabel.Undo.cpp
+///   JSON           TKDXBaseLabel.Json.cpp
+///   Binary         TKDXBaseLabel.Binary.cpp
+///   SVG            TKDXBaseLabel.Svg.cpp
+class TKDXBaseLabel : public TComponent {
+ public:
+  ~TKDXBaseLabel() override;
+
+  // Lifecycle ---------------------------------------------------------------------------------------------------
+
+  /// Back to an empty document with default measures.
+  void New();
+  /// Removes what the set names; cleAll stands for all but the base layer and base style. With `aPaint`, chSelect
+  /// is sent when anything was selected or present.
+  void Clear(TZORClearOpts aValue, bool aPaint);
+  /// Takes options, data, back surface, measures and folders of another document; items are not copied.
+  void Assign(const TPersistent& aSource) override;
+  void Loaded() override;
+  void Notification(TComponent& aComponent, TOperation aOperation) override;
+
+  // Bracket -----------------------------------------------------------------------------------------------------
+
+  /// Between the two, changes are gathered: one group of undo commands, one notification at the end.
+  void BeginUpdate(bool aPaintOnEnd);
+  void EndUpdate();
+  void EndUpdateSelection();
+  /// Brackets the reading of a file, or with `aPaste` of a paste. Recording is off inside.
+  void BeginRead(bool aPaste);
+  void EndRead(bool aUnits);
+  /// Calculates the waiting items.
+  void CalcPending();
+  /// How an item reports a change; `aItem` matters for lsCalc and lsCalcNoUpdate only.
+  void ChangeState(TKaldrixState aState, TKDXBaseItem* aItem);
+  void AddState(TKaldrixState aState) { fStates.Add(aState); }
+  void RemoveState(TKaldrixState aState) { fStates.Remove(aState); }
+  bool IsReading() const { return fStates.Has(lsReading); }
+  /// Loading or reading: setters then pass over notifications and validity steps.
+  bool IsTakingValues() const { return IsLoading() || IsReading(); }
+  void Refresh();
+  void PaintEditor();
+  void UpdateEditing(bool aFill);
+
+  // Observers ---------------------------------------------------------------------------------------------------
+
+  /// Ignored when it is attached already. An observer of kind duEditor receives chLabelDef at once. The document
+  /// does not own it: detach it before it goes.
+  void Attach(IZOObserver* aObserver);
+  void Detach(IZOObserver* aObserver);
+  /// Sends a change to the observers whose kind it is meant for. Inside a bracket chMeasure waits for its end.
+  void ChangeValue(TZOChange aChange);
+  TZOChangeValue GetChangedValue(TZOChange aChange) const;
+  void FireInfoEvent(bool aNotify);
+
+  // Items -------------------------------------------------------------------------------------------------------
+
+  TKDXBaseItem* GetItem(int aIndex) const;
+  int GetItemsCount() const { return fItems.Count(); }
+  TKDXBaseItem* SearchItem(int aID, bool aScrollToView);
+  /// Names are compared without case.
+  TKDXBaseItem* SearchItem(const std::string& aID, bool aScrollToView);
+  TKDXBaseItem* ElementByID(const std::string& aID, bool aSelect);
+  /// Does another item than `aItem` have this name, compared without case and outer blanks?
+  bool RepeatID(std::string_view aID, const TKDXBaseItem* aItem);
+  /// Deletes the item, and the attached links of fLinks with it; only the item itself is recorded.
+  void DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection);
+  /// Linear in the size of the drawing, however much is selected.
+  void DeleteSelection();
+  void SendToBack();
+  void BringToFront();
+  int NextID() { return fMaxID++; }
+  /// Frees the symbols that no item uses, except the first.
+  void CleanLibray();
+
+  // Layers ------------------------------------------------------------------------------------------------------
+
+  /// The first layer out of range.
+  TKDXLayer& GetLayer(int aIndex) const;
+  TKDXLayer& AddLayer();
+  /// 0-based; -1 when it is not of this document.
+  int LayerIdx(const TKDXLayer* aLayer) const;
+  bool ExchangeLayers(int aIdx1, int aIdx2);
+  bool SetActiveLayer(int aIdx);
+  /// Layer 1 cannot be deleted; items of another go to layer 1.
+  bool DeleteLayer(int aIdx);
+  std::vector<std::string> GetLayersNames() const;
+  void SortItemsZLayer();
+  void SetLayerZOrder(bool aValue);
+  void CheckBackLayer();
+  bool HasBackMargins() const;
+  /// Makes, or brings up to date, page frame and title block; in emFlowChart and emDrawing only.
+  void FillBoxLayer(bool aReset);
+  /// Turns the whole document a quarter; in emLabelling only.
+  void RotateLeft();
+  void RotateRight();
+
+  // Dimension styles --------------------------------------------------------------------------------------------
+
+  TKDXDimStyle* GetDimStyle(int aIndex) const;
+  TKDXDimStyle* GetDimStyleById(int aId) const;
+  /// 0-based; -1 when it is not of this document.
+  int DimIdx(const TKDXDimStyle* aStyle) const;
+  /// 0-based.
+  bool SetActiveDimStyle(int aIdx);
+  bool SetActiveDimStyle(const std::string& aName);
+  bool DeleteActiveDimStyle();
+  std::vector<std::string> GetDimStylesNames() const;
+
+  // Selection ---------------------------------------------------------------------------------------------------
+
+  void AddToSelection(TKDXBaseItem& aItem, bool aNotify);
+  void SetSelection(TKDXBaseItem* aItem, TZORItemState aState);
+  void ClearSelection(bool aNotify);
+  /// The first selected item, or none.
+  TKDXBaseItem* Select() const { return fSelection.empty() ? nullptr : fSelection.front(); }
+  TKDXBaseItem* GetSelection(int aIndex) const;
+  bool Selected(const TKDXBaseItem& aItem) const { return aItem.fState == isSelected; }
+  bool IsInSelection(int aInID) const;
+  bool SelectNext();
+  bool SelectPrior();
+  void ScrollItem(TKDXBaseItem* aItem);
+  IZORText* GetTextObject() const;
+
+  // Values ------------------------------------------------------------------------------------------------------
+
+  void SetEditorMode(TZOREditorMode aMode);
+  void SetUnits(TZORUnits aUnits);
+  void SetLngFileName(const std::string& aValue);
+  void SetEditable(bool aValue) { fEditable = aValue; }
+  void SetBackSurf(const TKDXBackSurf* aValue);
+  void SetMeasure(const TKDXMeasure* aValue);
+  void SetSettings(const TKDXSettings* aValue);
+  /// Only in emDrawing and emInteractive do large units and a drawing scale apply.
+  bool IsDrawingMode() const { return fEditorMode == emDrawing || fEditorMode == emInteractive; }
+  TZORUnits RestrictedUnit() const { return UnitFacts(fUnits).restricted ? unMM : fUnits; }
+
+  /// Base points to document units; with `aRestric` a large unit counts as millimetres.
+  Single GetVal(Int64 aBase, bool aRestric) const { return GetValue(aBase, aRestric ? RestrictedUnit() : fUnits); }
+  int SetVal(Single aValue, bool aRestric) const;
+  /// Base points to millimetres of paper.
+  Single GetValMM(Int64 aBase) const;
+  Int64 SetValMM(Single aMM) const { return SetBaseValue(aMM); }
+  Int64 BaseAsMM(Single aMM) const { return SetBaseValue(aMM); }
+  /// Millimetres to document units.
+  Single BaseValue(Single aMM) const;
+  Single GetValFromMM(Single aMM) const { return BaseValue(aMM); }
+  Single UnitValue(Single aValue, bool aRestric) const;
+  /// The offset of a paste: 2 mm of paper, in base points.
+  Int64 BaseMoveInc() const;
+  Single GetDrawValue(Single aValue, int aDpi) const;
+  Single GetDrawValue(Int64 aBase, int aDpi) const;
+  Single GetDataDrawValue(int aValue, int aDpi) const;
+  int GetPrintValue(Single aValue, int aDpi) const;
+  Int64 GetPrintFromBase(Int64 aBase, int aDpi) const;
+  Single GetDataPrintValue(int aValue, int aDpi) const;
+  /// The folder of images, absolute.
+  std::string GetAbsoluteImagePath() const;
+
+  // Pages -------------------------------------------------------------------------------------------------------
+
+  /// Moves the print state to a page, 1-based; with `aFillData` its labels take their values.
+  void GoToPage(int aPage, bool aFillData, bool aCheck);
+  /// Widens the values by all items that are shown and exported; the caller passes -1 in all four.
+  void CheckFit(Int64& aMinX, Int64& aMaxX, Int64& aMinY, Int64& aMaxY) const;
+
+  // Undo --------------------------------------------------------------------------------------------------------
+
+  void Undo();
+  void Redo();
+  bool IsUndoEmpty() const { return fUndo.IsEmpty(); }
+  bool IsRedoEmpty() const { return fRedo.IsEmpty(); }
+  /// The group number for a new command.
+  int UnReID();
+  bool IsRecording() const { return fOptions.Has(loUndoRedo); }
+  /// The stack that new commands go to: fRedo while an undo runs.
+  TUndoStack& ActiveStack() { return fUndoing ? fRedo : fUndo; }
+  void FireUndoRedoEvent();
+
+  // JSON --------------------------------------------------------------------------------------------------------
+
+  std::unique_ptr<TJsonObject> GetJson() const;
+  std::string GetJsonString(bool aCompact) const;
+  /// Reads everything up to and including "Counters". The caller brackets it, and reads the rest after it.
+  void ReadJson(TJsonObject& aJson);
+
+  // Binary ------------------------------------------------------------------------------------------------------
+
+  void WriteBaseData(TBinaryWriter& bW) const;
+  /// Ends with CleanLibray.
+  void WriteData(TBinaryWriter& bW);
+  void ReadBaseData(TBinaryReader& bR);
+  void ReadData(TBinaryReader& bR);
+  /// Puts the records of the selected items into fMemCopy.
+  void CopySelection();
+
+  // SVG ---------------------------------------------------------------------------------------------------------
+
+  /// The whole document. With `attrID` elements carry the names of their items.
+  std::string SVG(TZORExportSVG aExportType, Single aFactor, bool attrID) const;
+  void SaveSVG(const std::string& aFilename, TZORExportSVG aExportType, Single aFactor, bool attrID) const;
+
+  // Supplied by the host ----------------------------------------------------------------------------------------
+
+  // Each makes the item of its kind, which enters the document by itself. Base points; angles in degrees.
+  virtual TKDXBaseItem* NewText(Int64 x, Int64 y) = 0;
+  virtual TKDXBaseItem* NewPoint(Int64 x, Int64 y) = 0;
+  virtual TKDXBaseItem* NewLine(Int64 x1, Int64 y1, Int64 x2, Int64 y2) = 0;
+  virtual TKDXBaseItem* NewPolyLine(const TZORPtoA& pts, int high) = 0;
+  virtual TKDXBaseItem* NewBezier(const TZORPtoA& pts, int high) = 0;
+  virtual TKDXBaseItem* NewArc(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) = 0;
+  virtual TKDXBaseItem* NewRectangle(Int64 x, Int64 y, Int64 w, Int64 h) = 0;
+  virtual TKDXBaseItem* NewPolygon(const TZORPtoA& pts, int high) = 0;
+  virtual TKDXBaseItem* NewCircle(Int64 cx, Int64 cy, Int64 r) = 0;
+  virtual TKDXBaseItem* NewCircle2P(Int64 x1, Int64 y1, Int64 x2, Int64 y2) = 0;
+  virtual TKDXBaseItem* NewCircle3P(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) = 0;
+  virtual TKDXBaseItem* NewSector(Int64 cx, Int64 cy, Int64 r, Single aStart, Single aGap) = 0;
+  virtual TKDXBaseItem* NewSector2P(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Single aStart, Single aGap) = 0;
+  virtual TKDXBaseItem* NewSector3P(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3, Single aStart,
+                                    Single aGap) = 0;
+  virtual TKDXBaseItem* NewEllipse(Int64 cx, Int64 cy, Int64 rx, Int64 ry) = 0;
+  /// An item of that kind with start values, as a reader needs it; none when the host has no class for it.
+  virtual TKDXBaseItem* NewItemOfType(TZORItemType aType, bool aPreview) = 0;
+
+  virtual void PrinterChanged() = 0;
+  /// Reads version and item record from the start of an undo record; the new item is the last of fItems.
+  virtual void CreateElementFromStream(std::string_view aStream) = 0;
+  /// Pastes fMemCopy.
+  virtual void PasteSelection() = 0;
+  virtual void Print() = 0;
+  virtual void ExportDoc(TZORExport aType, const std::string& aFilename, int aPage, Single aScale, int aQuality,
+                         bool aCheckData, bool aTransparent, bool aFit) = 0;
+  virtual void LoadFromFile(const std::string& aFilename) = 0;
+  virtual void SaveToFile(const std::string& aFilename, TZORExt aFormat) = 0;
+
+  // Content -----------------------------------------------------------------------------------------------------
+
+  TOwnedList<TKDXLayer> fLayers;
+  TOwnedList<TKDXDimStyle> fDimStyles;
+  TOwnedList<TKDXBaseItem> fItems;    ///< z-order, first is lowest
+  TOwnedList<TKDXBaseItem> fPreview;  ///< copies of data items, a label each
+  TOwnedList<TKDXBaseLibSymbol> fSymbols;
+  TOwnedList<TKDXCounter> fCounters;
+  std::unique_ptr<TKDXBackSurf> fBackSurf;
+  std::unique_ptr<TKDXSettings> fSettings;
+  std::unique_ptr<TKDXMeasure> fMeasure;
+  std::unique_ptr<TKDXData> fData;
+  std::unique_ptr<TKDXBasePrintInfo> fPrintInfo;
+  TZOREditorMode fEditorMode = emLabelling;
+  TZORUnits fUnits = unMM;
+  TZORAngle fAngle = ag0;  ///< rotation of the whole document
+  int fActiveLayer = 0;
+  int fActiveDimStyle = 0;
+  bool fLayerZOrder = false;  ///< keep items sorted by the position of their layer
+  bool fEditable = true;
+  bool fShowDispWidthHandle = false;
+  TKaldrixOptions fOptions{loUniqueID, loUndoRedo};
+  std::string fLngFileName;
+  std::string fImageFolder, fOpenImgFolder, fLibraryFolder;
+  int fReadedVer = 0;  ///< version of the binary file read last
+  int fMaxID = 1;      ///< the next identity
+  int fIdxBack = -1;   ///< 1-based topmost visible image or map layer, -1 when none
+  bool fNeedReadImg = false;
+  bool fModified = false;
+
+  // Transient state -----------------------------------------------------------------------------------------------
+
+  std::vector<TKDXBaseItem*> fSelection;  ///< in order of selecting
+  std::vector<TKDXBaseItem*> fLinks;      ///< link items attached to the selection
+  std::vector<TKDXBaseItem*> fCalcs;      ///< items that wait for a calculation; gone ones leave a gap
+  TKDXBaseLibSymbol* fCurrentLibSym = nullptr;
+  std::vector<IZOObserver*> fObservers;
+  bool fConEditors = false;  ///< an observer of kind duEditor is attached
+  bool fUpdate = false;      ///< true only while a bracket closes
+  TKaldrixStateOptions fStates;
+  TZORSInfo fInfo;
+  TZOChangeValue fChangeVal;  ///< what chEditInspect hands over
+  TUndoStack fUndo, fRedo;
+  bool fUndoing = false, fRedoing = false;
+  bool fUndoOpt = false;     ///< loUndoRedo across a read bracket
+  bool fIncUnReID = true;    ///< each command takes a new group number
+  int fUnReID = 0;           ///< running group number
+  int fUnReRef = 0;          ///< what a running undo or redo hands out
+  std::string fMemCopy;      ///< the internal clipboard
+
+  // Events --------------------------------------------------------------------------------------------------------
+
+  TZORInfoMsgEvent fOnInfoMsg;
+  TZORGetFontListEvent fOnGetFontListEvent;
+  TZORUndoRedoEvent fOnUndoRedoEvent;
+  TZORReadSymEvent fOnReadSymEvent;
+  std::function<void(TKDXBaseLabel*, TKDXBaseItem*)> fOnSelectItem, fOnUnSelectItem;
+  std::function<void(TKDXBaseLabel*)> fOnLabelRotate, fOnBeforePrint, fOnAfterPrint;
+  TZORGMLCoordinateTransformEvent fOnGMLCoordinateTransform;
+
+ protected:
+  explicit TKDXBaseLabel(TComponent* aOwner);
+  const char* ClassName() const override { return "TKDXBaseLabel"; }
+
+  /// What lies behind the items of an exported document, for layers with lopExportBack; the host knows images.
+  virtual void WriteBackSVG(TSvgList& /*svg*/, TSvgList& /*defs*/, TZORExportSVG /*aType*/, Single /*aFactor*/) const {}
+  /// The handles of the selection are made again; the editor's business.
+  virtual void FillSelPoints() {}
+  /// Crossings are computed again; the editor's business.
+  virtual void CheckIntersetions() {}
+
+ private:
+  friend class TKDXBaseItem;
+
+  // An item comes, goes, or changes its name.
+  void Enlist(TKDXBaseItem& aItem, bool aPreview);
+  void Forget(TKDXBaseItem& aItem);
+  void Free(TKDXBaseItem& aItem);
+  void DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection);
+  void ForgetAll(const std::vector<TKDXBaseItem*>& aItems);
+  void Defer(TKDXBaseItem& aItem);
+
+  void ClearSelectionSilently();
+  bool SelectNeighbour(int aStep);
+  void NotifySelection(TZOChange aChange);
+  void CloseBracket();
+  void Send(TZOChange aChange, const TZOChangeValue& aValue);
+  void RunCommands(TUndoStack& aStack, void (TKDXCmd::*aStep)());
+  void Rotate(int aStep, void (TKDXBaseItem::*aTurn)());
+  void SkipToPage(int aPage);
+  void SkipRepeated(int aPage);
+  void WriteJsonSections(TJsonObject& aJson) const;
+  void WriteSvgFrame(std::string& aOut, TZORExportSVG aExportType, Single aFactor) const;
+
+  TItemIndex fIndex;
+};
+
+}  // namespace Zor::inline Base

@@ -1,0 +1,22 @@
+#include "kaldrix/core/TUndoStack.hpp"
+
+#include <utility>
+
+#include "kaldrix/core/Commands.hpp"
+
+namespace Zor::inline Base {
+
+TUndoStack::TUndoStack() = default;
+TUndoStack::~TUndoStack() = default;
+
+void TUndoStack::Push(std::unique_ptr<TKDXCmd> aCommand) { fCommands.push_back(std::move(aCommand)); }
+
+std::unique_ptr<TKDXCmd> TUndoStack::Pop() {
+  std::unique_ptr<TKDXCmd> command = std::move(fCommands.back());
+  fCommands.pop_back();
+  return command;
+}
+
+void TUndoStack::Clear() { fCommands.clear(); }
+
+}  // namespace Zor::inline Base

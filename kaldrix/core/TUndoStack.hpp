@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+namespace Zor::inline Base {
+
+class TKDXCmd;
+
+/// A stack of commands, which it owns. Its depth is not limited.
+class TUndoStack {
+ public:
+  TUndoStack();
+  ~TUndoStack();
+  TUndoStack(const TUndoStack&) = delete;
+  TUndoStack& operator=(const TUndoStack&) = delete;
+
+  bool IsEmpty() const { return fCommands.empty(); }
+  int Count() const { return static_cast<int>(fCommands.size()); }
+  TKDXCmd* Top() const { return fCommands.empty() ? nullptr : fCommands.back().get(); }
+  void Push(std::unique_ptr<TKDXCmd> aCommand);
+  std::unique_ptr<TKDXCmd> Pop();
+  void Clear();
+
+ private:
+  std::vector<std::unique_ptr<TKDXCmd>> fCommands;
+};
+
+}  // namespace Zor::inline Base
