@@ -11,10 +11,7 @@ namespace Zor {
 /// counts forward from midnight: -1.25 is 1899-12-29 06:00.
 using TDateTime = double;
 
-/// Most decimals that AppendFixed writes.
-inline constexpr int MaxDecimals = 18;
-
-/// Appends `aValue` with exactly `aDecimals` decimals (0 to MaxDecimals), always with a point.
+/// Appends `aValue` with exactly `aDecimals` decimals (0 or more), with a point before them.
 /// Rounds half away from zero on the shortest decimal form that reads back as `aValue`: 1.005 gives "1.01"
 /// with two decimals, as people expect of a written number. There is no "-0.00". A value that is no finite
 /// number is written as 0, so that what is written stays readable.
