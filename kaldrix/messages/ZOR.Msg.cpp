@@ -1,1 +1,108 @@
 #include "kaldrix/messages/ZOR.Msg.hpp"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <unordered_map>
+#include <vector>
+
+#include "kaldrix/messages/BuiltInTexts.hpp"
+#include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/TIniFile.hpp"
+
+namespace Zor::inline Msg {
+
+namespace {
+
+using TDictionary = std::unordered_map<std::string, std::string>;
+
+struct TGroup {
+  std::string_view Prefix;
+  std::string_view Section;
+  int BuiltInCount;
+};
+
+// In the order in which a language file is written.
+constexpr std::array Groups{
+    TGroup{"err", "Error", 15},   TGroup{"inf", "Info", 4},     TGroup{"pro", "Properties", 166},
+    TGroup{"lis", "List", 57},    TGroup{"dia", "Dialogs", 76}, TGroup{"edi", "Editor", 34},
+    TGroup{"act", "Actions", 66}, TGroup{"cmd", "Commands", 0},
+};
+constexpr std::size_t PrefixLength = 3;
+
+// In the order in which one is read; of a key that stands twice the later text counts.
+constexpr std::array<std::string_view, 8> ReadOrder{"Error",   "Info",   "Commands", "Properties",
+                                                    "Dialogs", "Editor", "Actions",  "List"};
+
+constexpr bool EachGroupIsWhole() {
+  for (const TGroup& group : Groups) {
+    const auto inGroup = [&](const TBuiltInText& text) { return text.Key.starts_with(group.Prefix); };
+    if (std::count_if(std::begin(BuiltInTexts), std::end(BuiltInTexts), inGroup) != group.BuiltInCount)
+      return false;
+  }
+  return true;
+}
+static_assert(EachGroupIsWhole());
+
+void Overlay(TDictionary& aTexts, const TIniFile& aFile) {
+  for (const std::string_view section : ReadOrder) {
+    for (const auto& [key, text] : aFile.Lines(section)) aTexts.insert_or_assign(key, text);
+  }
+}
+
+TDictionary BuiltIn() {
+  TDictionary texts;
+  texts.reserve(std::size(BuiltInTexts));
+  for (const TBuiltInText& text : BuiltInTexts) texts.emplace(text.Key, text.Text);
+  return texts;
+}
+
+/// The catalogue. Made at the first use, so that objects of any unit find their texts, however early.
+TDictionary& Catalogue() {
+  static TDictionary texts = BuiltIn();
+  return texts;
+}
+
+std::string Value(std::string_view aPrefix, std::string_view aResName) {
+  const auto found = Catalogue().find(std::string(aPrefix).append(aResName));
+  return found == Catalogue().end() ? std::string(TKDXMsg::NotFound) : found->second;
+}
+
+}  // namespace
+
+std::string TKDXMsg::GetErrorValue(std::string_view aResName) { return Value("err", aResName); }
+std::string TKDXMsg::GetInfoValue(std::string_view aResName) { return Value("inf", aResName); }
+std::string TKDXMsg::GetPropValue(std::string_view aResName) { return Value("pro", aResName); }
+std::string TKDXMsg::GetListValue(std::string_view aResName) { return Value("lis", aResName); }
+std::string TKDXMsg::GetDialogsValue(std::string_view aResName) { return Value("dia", aResName); }
+std::string TKDXMsg::GetEditorValue(std::string_view aResName) { return Value("edi", aResName); }
+std::string TKDXMsg::GetActionsValue(std::string_view aResName) { return Value("act", aResName); }
+std::string TKDXMsg::GetCommandValue(std::string_view aResName) { return Value("cmd", aResName); }
+
+void TKDXMsg::LoadResources(const std::string& aFileName) {
+  Catalogue() = BuiltIn();
+  if (FileExists(aFileName)) Overlay(Catalogue(), TIniFile::LoadFromFile(aFileName));
+}
+
+void TKDXMsg::SaveToIniFile(const std::string& aFileName) {
+  std::vector<std::string> lines;
+  lines.reserve(Catalogue().size());
+  for (const auto& [key, text] : Catalogue()) lines.push_back(key + "=" + text);
+  std::sort(lines.begin(), lines.end());
+
+  TIniFile file;
+  file.Append("language", "name", "english");
+  for (const TGroup& group : Groups) file.Section(group.Section);
+  for (const std::string& line : lines) {
+    const std::string_view prefix = std::string_view(line).substr(0, PrefixLength);
+    const auto group = std::find_if(Groups.begin(), Groups.end(),
+                                    [&](const TGroup& candidate) { return candidate.Prefix == prefix; });
+    if (group == Groups.end()) continue;
+    const std::size_t equals = line.find('=');
+    file.Append(group->Section, std::string_view(line).substr(0, equals),
+                std::string_view(line).substr(equals + 1));
+  }
+  file.SaveToFile(aFileName);
+}
+
+}  // namespace Zor::inline Msg
