@@ -47,8 +47,8 @@ struct TTextLine {
 /// Finds fonts, measures texts and keeps both for the next time: a repeated word costs a hash lookup. An
 /// engine belongs to one thread; several may live side by side.
 ///
-/// Texts are UTF-8; what is not is replaced by U+FFFD. Tabs and line ends count as blanks, other control
-/// characters as nothing. The base direction is left to right, as in SVG without a `direction`.
+/// Texts are UTF-8; what is not is replaced by U+FFFD. Control characters, among them tabs and line ends,
+/// count as blanks. The base direction is left to right, as in SVG without a `direction`.
 class TFontEngine {
  public:
   TFontEngine();

@@ -87,8 +87,8 @@ struct TPdfInfo {
 /// A sheet to draw on, in millimetres of paper with y downwards. Behind it is a raster of pixels or a PDF,
 /// where text stays text.
 ///
-/// Colours are 0xAARRGGBB, alpha is opacity. Coordinates beyond 50 metres are held there, and what is not a
-/// number counts as 0. A failing surface raises where its result is taken.
+/// Colours are 0xAARRGGBB, alpha is opacity. Places far off the sheet (millions of pixels) are held there,
+/// and what is not a number counts as 0. A failing surface raises where its result is taken.
 class TSurface {
  public:
   /// A raster of `widthMM` x `heightMM` at `dpi`, at least one pixel; more than MaxPixels is refused.

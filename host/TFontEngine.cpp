@@ -1,0 +1,91 @@
+#include "host/TFontEngine.hpp"
+
+#include <cmath>
+
+#include "host/TShaper.hpp"
+
+namespace Zor::inline Host {
+
+namespace {
+
+/// Texts that are kept, over all faces; then all are dropped.
+constexpr std::size_t MostWords = 65536;
+/// Longer texts are measured each time, so that what is kept stays below a few tens of megabytes.
+constexpr std::size_t LongestWord = 256;
+
+double Positive(double value) { return std::isfinite(value) && value > 0 ? value : 0; }
+
+}  // namespace
+
+/// How many widths the faces hold; the widths themselves stand with the face.
+struct TFontEngine::TCache {
+  std::size_t words = 0;
+  unsigned generation = 0;
+  std::vector<TFace*> filled;
+
+  void Count(const TShaper& shaper, TFace& face) {
+    if (generation != shaper.Generation()) {
+      generation = shaper.Generation();
+      words = 0;
+      filled.clear();
+    }
+    if (words >= MostWords) {
+      for (TFace* each : filled) each->widths.clear();
+      words = 0;
+      filled.clear();
+    }
+    if (face.widths.empty()) filled.push_back(&face);
+    ++words;
+  }
+};
+
+TFontEngine::TFontEngine() : fShaper(std::make_unique<TShaper>()), fCache(std::make_unique<TCache>()) {}
+
+TFontEngine::~TFontEngine() = default;
+
+TTextSize TFontEngine::Measure(std::string_view text, const TFontSpec& font) {
+  TFace& face = fShaper->Face(font);
+  const double height = Positive(font.heightMM);
+  double width = 0;
+  if (const auto found = face.widths.find(text); found != face.widths.end()) {
+    width = found->second;
+  } else {
+    std::string buffer;
+    width = fShaper->WidthInEm(CleanText(text, buffer), face);
+    if (text.size() <= LongestWord) {
+      fCache->Count(*fShaper, face);
+      face.widths.emplace(text, width);
+    }
+  }
+  return {width * height, face.ascent * height, face.descent * height, face.underline * height,
+          face.underlineThickness * height};
+}
+
+std::vector<TTextLine> TFontEngine::BreakLines(std::string_view text, const TFontSpec& font, double widthMM) {
+  TFace& face = fShaper->Face(font);
+  const double height = Positive(font.heightMM);
+  const double limit = height > 0 ? Positive(widthMM) / height : 0;
+  std::vector<TTextLine> lines;
+  std::string buffer;
+  for (std::size_t start = 0;;) {
+    const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
+    const std::string_view paragraph = CleanText(text.substr(start, end - start), buffer);
+    for (TTextLine line : fShaper->Break(paragraph, face, limit)) {
+      const bool atBreak = line.start + line.length < paragraph.size();
+      const std::size_t full = line.length;
+      while (atBreak && line.length > 0 && paragraph[line.start + line.length - 1] == ' ') --line.length;
+      if (line.length != full)
+        line.width = Measure(paragraph.substr(line.start, line.length), font).width;
+      else
+        line.width *= height;
+      line.start += start;
+      lines.push_back(line);
+    }
+    if (end == text.size()) return lines;
+    start = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
+  }
+}
+
+std::vector<std::string> TFontEngine::FontNames() const { return fShaper->Families(); }
+
+}  // namespace Zor::inline Host
