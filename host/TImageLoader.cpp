@@ -118,6 +118,19 @@ std::optional<THead> JpegHead(const TBytes& bytes) {
   return head;
 }
 
+/// Whether the last chunk of a PNG or the end marker of a JPEG is there: the decoders fill up what a file
+/// that was cut off does not say. (The decoder of GIF raises.)
+bool HasEnd(std::string_view file, TZORImgType type) {
+  if (type == itJpeg) return file.rfind("\xFF\xD9") != std::string_view::npos;
+  if (type == itGif) return true;
+  constexpr std::size_t ChunkFrame = 12;  // length, name and check sum
+  const TBytes bytes(file);
+  for (std::size_t at = 8; at + ChunkFrame <= file.size(); at += ChunkFrame + bytes.Big(at, 4)) {
+    if (bytes.Piece(at + 4, 4) == "IEND") return true;
+  }
+  return false;
+}
+
 THead ReadHead(std::string_view file, const std::string& name) {
   const TBytes bytes(file);
   std::optional<THead> head = PngHead(bytes);
@@ -200,6 +213,7 @@ TImageInfo TImageLoader::Info(std::string_view bytes, const std::string& name) {
 
 TPicture TImageLoader::Load(std::string_view bytes, const std::string& name) {
   const THead head = ReadHead(bytes, name);
+  if (!HasEnd(bytes, head.info.type)) Fail(name, "the picture is cut off");
   TPicture picture = ToPicture(Decode(bytes, head.info.type, name).get());
   CheckPixels(picture.width, picture.height, name);
   // Four components are inks, whose reading differs from viewer to viewer.

@@ -120,6 +120,11 @@ TShaper::TShaper()
   fLayout.reset(pango_layout_new(fContext.get()));
   pango_layout_set_auto_dir(fLayout.get(), FALSE);
   pango_layout_set_wrap(fLayout.get(), PANGO_WRAP_WORD_CHAR);
+  // A break inside a word adds nothing to the text.
+  PangoAttrList* attributes = pango_attr_list_new();
+  pango_attr_list_insert(attributes, pango_attr_insert_hyphens_new(FALSE));
+  pango_layout_set_attributes(fLayout.get(), attributes);
+  pango_attr_list_unref(attributes);
 }
 
 TFace& TShaper::Face(const TFontSpec& font) {

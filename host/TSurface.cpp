@@ -23,6 +23,12 @@ constexpr double FarthestDevice = 4e6;
 /// Limits of lengths that scale what is drawn, millimetres.
 constexpr double WidestPen = 1e4, HighestFont = 1e4, LargestSheet = 1e5;
 constexpr double LeastStretch = 0.001, MostStretch = 1000;
+constexpr double FarthestMove = 1e9;
+/// Area by which a transform may magnify or shrink: beyond, Cairo could not invert it.
+constexpr double LeastArea = 1e-12, MostArea = 1e12;
+/// Em sizes that can be drawn, pixels of a raster or points of a PDF. Smaller ones would not be seen, greater
+/// ones are beyond the sheet and beyond FreeType.
+constexpr double LeastEm = 0.01, MostEm = 16000;
 /// A dashed outline with more periods than this is drawn solid: nobody could see them, and a file must not be
 /// able to ask for billions.
 constexpr double MostDashes = 200'000;
@@ -43,6 +49,7 @@ constexpr std::array<double, 4> Dash411{4, 1, 1, 1};
 
 double Finite(double value) { return std::isfinite(value) ? value : 0; }
 double Device(double value) { return std::clamp(Finite(value), -FarthestDevice, FarthestDevice); }
+double Moved(double value) { return std::clamp(Finite(value), -FarthestMove, FarthestMove); }
 double Alpha(TAlphaColor color) { return (color >> 24) / 255.0; }
 
 std::array<double, 4> Channels(TAlphaColor color) {
@@ -63,6 +70,15 @@ cairo_matrix_t RotationMatrix(double degrees) {
     s = std::round(s);
   }
   return {c, s, -s, c, 0, 0};
+}
+
+double Area(const cairo_matrix_t& m) { return std::abs(m.xx * m.yy - m.xy * m.yx); }
+bool Invertible(const cairo_matrix_t& m) { return Area(m) >= LeastArea && Area(m) <= MostArea; }
+
+/// Whether a text with this many units to the em can be drawn under `m`.
+bool DrawableEm(const cairo_matrix_t& m, double unitsPerEm) {
+  const double across = std::hypot(m.xx, m.yx) * unitsPerEm, up = std::hypot(m.xy, m.yy) * unitsPerEm;
+  return std::min(across, up) >= LeastEm && std::max(across, up) <= MostEm && Area(m) > 0;
 }
 
 bool AlongAxes(const cairo_matrix_t& m) { return (m.xy == 0 && m.yx == 0) || (m.xx == 0 && m.yy == 0); }
@@ -406,7 +422,7 @@ void TSurface::Restore() {
   cairo_restore(fImpl->cr.get());
 }
 
-void TSurface::Translate(double dx, double dy) { cairo_translate(fImpl->cr.get(), Finite(dx), Finite(dy)); }
+void TSurface::Translate(double dx, double dy) { cairo_translate(fImpl->cr.get(), Moved(dx), Moved(dy)); }
 
 void TSurface::Rotate(double degrees, double x, double y) {
   const cairo_matrix_t turn = RotationMatrix(degrees);
@@ -416,8 +432,9 @@ void TSurface::Rotate(double degrees, double x, double y) {
 }
 
 void TSurface::Scale(double sx, double sy) {
-  const auto usable = [](double s) { return std::isfinite(s) && std::abs(s) >= 1e-9 && std::abs(s) <= 1e9; };
-  if (usable(sx) && usable(sy)) cairo_scale(fImpl->cr.get(), sx, sy);
+  cairo_matrix_t m = fImpl->Matrix();
+  cairo_matrix_scale(&m, Finite(sx), Finite(sy));
+  if (Invertible(m)) cairo_set_matrix(fImpl->cr.get(), &m);
 }
 
 void TSurface::ClipRect(double x, double y, double width, double height) {
@@ -575,9 +592,12 @@ void TSurface::TImpl::FillText(std::string_view text, const TTextPlace& place, c
   const double start = place.anchor == taStart ? 0 : place.anchor == taMiddle ? 0.5 : 1.0;
   cairo_t* c = cr.get();
   const cairo_matrix_t turn = RotationMatrix(place.angle);
-  cairo_translate(c, Finite(place.x), Finite(place.y));
+  cairo_translate(c, Moved(place.x), Moved(place.y));
   cairo_transform(c, &turn);
-  cairo_scale(c, unit * stretch, unit);
+  cairo_matrix_t letters = Matrix();
+  cairo_matrix_scale(&letters, unit * stretch, unit);
+  if (!DrawableEm(letters, shaped.unitsPerEm)) return;
+  cairo_set_matrix(c, &letters);
   cairo_translate(c, -start * shaped.width, BaselineOffset(place.vert, size) / unit);
   cairo_new_path(c);
   const bool outlines =
@@ -613,12 +633,14 @@ cairo_surface_t* TSurface::TImpl::Converted(const std::shared_ptr<const TPicture
 void TSurface::Image(const std::shared_ptr<const TPicture>& picture, double x, double y, double width,
                      double height, double opacity) {
   if (!picture || picture->width <= 0 || picture->height <= 0 || !(width > 0) || !(height > 0)) return;
-  if (!std::isfinite(width) || !std::isfinite(height)) return;
   cairo_t* cr = fImpl->cr.get();
+  cairo_matrix_t m = fImpl->Matrix();
+  cairo_matrix_translate(&m, Moved(x), Moved(y));
+  cairo_matrix_scale(&m, width / picture->width, height / picture->height);
+  if (!Invertible(m)) return;
   cairo_surface_t* pixels = fImpl->Converted(picture);
   Save();
-  cairo_translate(cr, Finite(x), Finite(y));
-  cairo_scale(cr, width / picture->width, height / picture->height);
+  cairo_set_matrix(cr, &m);
   cairo_set_source_surface(cr, pixels, 0, 0);
   // On a raster the edge pixels are not blended with the nothing around them; a PDF takes the picture as it
   // is.

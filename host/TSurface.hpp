@@ -121,7 +121,7 @@ class TSurface {
   void Translate(double dx, double dy);
   /// Degrees, clockwise on the paper, about (x, y).
   void Rotate(double degrees, double x = 0, double y = 0);
-  /// A factor of 0 is ignored.
+  /// Ignored where it would leave nothing, or shrink or magnify areas beyond 1 : 10^12.
   void Scale(double sx, double sy);
   /// Drawing stays inside until the matching Restore.
   void ClipRect(double x, double y, double width, double height);
