@@ -1,0 +1,95 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "kaldrix/core/TComponent.hpp"
+#include "kaldrix/json/ZOR.JsonDataObjects.hpp"
+#include "kaldrix/platform/TRecord.hpp"
+#include "kaldrix/types/Enumerations.hpp"
+#include "kaldrix/types/Numbers.hpp"
+
+namespace Zor::inline Base {
+
+class TKDXBaseLabel;
+
+/// What a print run covers and how far it has come. Sizes are base points.
+class TKDXBasePrintInfo final : public TPersistent {
+ public:
+  explicit TKDXBasePrintInfo(TKDXBaseLabel& aOwner) : fOwner(&aOwner) {}
+
+  void Assign(const TPersistent& aSource) override;
+
+  /// Labels of a whole sheet.
+  int LabelsPerPage() const;
+  /// Labels of the first sheet, which begins at fFirstRow and fFirstCol.
+  int FirstPageLabels() const;
+  /// The current page, 1-based, while data drives the walk; else 0.
+  int GetPage() const { return fFillType == ftNone ? 0 : fCurrentPage; }
+
+  // First and last label, 1-based; the other one moves so that first stays at or before last.
+  void SetFirstLab(int aValue);
+  void SetLastLab(int aValue);
+  void SetLabs(int aValue);
+  void SetRepetition(int aValue);
+  /// 1-based, held inside the sheet.
+  void SetFirstRow(int aValue);
+  void SetFirstCol(int aValue);
+  /// Tells the document on a change.
+  void SetPrinterIndex(int aValue);
+
+  // Sizes of a printed page in document units, held between 0 and the label's size.
+  Single GetMaLeft() const;
+  Single GetMaTop() const;
+  Single GetMaRight() const;
+  Single GetMaBottom() const;
+  Single GetWidth() const;
+  Single GetHeight() const;
+  void SetMaLeft(Single aValue);
+  void SetMaTop(Single aValue);
+  void SetMaRight(Single aValue);
+  void SetMaBottom(Single aValue);
+  void SetWidth(Single aValue);
+  void SetHeight(Single aValue);
+
+  void WriteData(TBinaryWriter& bW) const;
+  void ReadData(int aVersion, TBinaryReader& bR);
+  /// Adds "PrintInfo".
+  void WriteJson(TJsonObject& aJson) const;
+  /// Reads the object of that key.
+  void ReadJson(TJsonObject& aJson);
+
+  TKDXBaseLabel* fOwner;
+  int fMaLeft = 15000, fMaTop = 10000, fMaRight = 10000, fMaBottom = 15000;
+  TAlphaColor fColor = 0xFFFF0000;
+  int fWidth = 21000, fHeight = 29700;
+  int fLabs = 1;        ///< number of labels
+  int fRepetition = 1;  ///< labels that each data record gives
+  int fFirstRow = 1, fFirstCol = 1;
+  int fFirstLab = 1, fLastLab = 0;
+  int fCopies = 1;
+
+  // Found and moved by the walk.
+  int fPagesToPrint = 0;
+  int fLabelsToPrint = 0;
+  int fLastPageFill = 0;
+  int fCurrentPage = 0;
+  int fCurrentLabel = 0;
+  bool fFindDetail = false;
+  TZORFillType fFillType = ftNone;
+
+  // The printer.
+  static constexpr int NoPrinter = -99;
+  std::uint8_t fOrient = 0;
+  std::string fPrinterName;
+  int fPrinterIndex = NoPrinter;
+
+ protected:
+  const char* ClassName() const override { return "TKDXBasePrintInfo"; }
+
+ private:
+  void Record(TRecord& r);
+  int HeldOnLabel(Single aValue, int aMost) const;
+};
+
+}  // namespace Zor::inline Base
