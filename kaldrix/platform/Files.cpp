@@ -118,20 +118,23 @@ std::string ResolveLinks(const std::string& aFileName) {
   return error ? aFileName : target.string();
 }
 
-void AppendAll(std::string& aOut, int aHandle, const std::string& aFileName, std::size_t aMaxBytes) {
+/// Reads to the end. `aSizeHint` is the size that the file has just now; a pipe has none.
+std::string ReadAll(int aHandle, const std::string& aFileName, std::size_t aSizeHint, std::size_t aMaxBytes) {
+  std::string out;
   for (;;) {
-    const std::size_t old = aOut.size();
-    aOut.resize(std::max(old + ChunkBytes, aOut.capacity()));
-    const ssize_t got = ::read(aHandle, aOut.data() + old, aOut.size() - old);
+    const std::size_t old = out.size();
+    // One byte more than the hint lets the end be seen without a second block.
+    out.resize(std::max(old + ChunkBytes, aSizeHint + 1));
+    const ssize_t got = ::read(aHandle, out.data() + old, out.size() - old);
     const int error = errno;
-    aOut.resize(old + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    out.resize(old + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
     if (got < 0 && error == EINTR) continue;
     if (got < 0) RaiseCannotRead(aFileName, error);
-    if (aOut.size() > aMaxBytes) {
+    if (out.size() > aMaxBytes) {
       throw EStreamError("Cannot read " + aFileName + ": larger than " + std::to_string(aMaxBytes) +
                          " bytes");
     }
-    if (got == 0) return;
+    if (got == 0) return out;
   }
 }
 
@@ -160,13 +163,10 @@ std::string ReadFile(const std::string& aFileName, std::size_t aMaxBytes) {
   struct stat info {};
   if (::fstat(file.Handle(), &info) != 0) RaiseCannotRead(aFileName, errno);
   if (S_ISDIR(info.st_mode)) RaiseCannotRead(aFileName, EISDIR);
-  std::string bytes;
-  // The size is a hint alone: a pipe has none and a file may grow. One more byte lets the end be seen at
-  // once.
+  // Only a hint: a file may grow, and some have no size. One that is too large is not taken into memory
+  // first.
   const auto size = static_cast<std::size_t>(std::max<off_t>(info.st_size, 0));
-  if (size <= aMaxBytes) bytes.reserve(size + 1);
-  AppendAll(bytes, file.Handle(), aFileName, aMaxBytes);
-  return bytes;
+  return ReadAll(file.Handle(), aFileName, size <= aMaxBytes ? size : 0, aMaxBytes);
 }
 
 void WriteFileAtomically(const std::string& aFileName, std::string_view aBytes) {
