@@ -121,10 +121,10 @@ std::string ResolveLinks(const std::string& aFileName) {
 /// Reads to the end. `aSizeHint` is the size that the file has just now; a pipe has none.
 std::string ReadAll(int aHandle, const std::string& aFileName, std::size_t aSizeHint, std::size_t aMaxBytes) {
   std::string out;
+  out.reserve(aSizeHint + ChunkBytes);  // room for the block that finds the end
   for (;;) {
     const std::size_t old = out.size();
-    // One byte more than the hint lets the end be seen without a second block.
-    out.resize(std::max(old + ChunkBytes, aSizeHint + 1));
+    out.resize(std::max(old + ChunkBytes, aSizeHint));
     const ssize_t got = ::read(aHandle, out.data() + old, out.size() - old);
     const int error = errno;
     out.resize(old + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
@@ -163,8 +163,7 @@ std::string ReadFile(const std::string& aFileName, std::size_t aMaxBytes) {
   struct stat info {};
   if (::fstat(file.Handle(), &info) != 0) RaiseCannotRead(aFileName, errno);
   if (S_ISDIR(info.st_mode)) RaiseCannotRead(aFileName, EISDIR);
-  // Only a hint: a file may grow, and some have no size. One that is too large is not taken into memory
-  // first.
+  // Only a hint: a file may grow, and some have no size. For one that is too large no memory is taken ahead.
   const auto size = static_cast<std::size_t>(std::max<off_t>(info.st_size, 0));
   return ReadAll(file.Handle(), aFileName, size <= aMaxBytes ? size : 0, aMaxBytes);
 }
