@@ -39,4 +39,8 @@ void RaiseJsonIndex(long long aIndex) {
   throw EListError("List index out of bounds (" + std::to_string(aIndex) + ")");
 }
 
+void RaiseJsonCount(long long aCount) {
+  throw EListError("List count out of bounds (" + std::to_string(aCount) + ")");
+}
+
 }  // namespace Zor::inline Jsondataobjects

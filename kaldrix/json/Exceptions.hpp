@@ -48,5 +48,7 @@ class EJsonParserException : public EJsonException {
 [[noreturn]] void RaiseJsonPathIndex(std::string_view aIndex, std::string_view aPath);
 /// The list error of an index outside an object or array.
 [[noreturn]] void RaiseJsonIndex(long long aIndex);
+/// The list error of a count that an array cannot have.
+[[noreturn]] void RaiseJsonCount(long long aCount);
 
 }  // namespace Zor::inline Jsondataobjects

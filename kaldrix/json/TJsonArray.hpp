@@ -33,7 +33,7 @@ class TJsonArray final : public TJsonBaseObject {
   TJsonDataValueHelper operator[](int aIndex);
 
   void Add(TJsonDataValue aValue) { Append() = std::move(aValue); }
-  void AddString(std::string_view aValue) { Append().SetString(aValue); }
+  void AddString(std::string_view aValue) { Add(aValue); }
   void AddInt(int aValue) { Append().SetInt(aValue); }
   void AddLong(Int64 aValue) { Append().SetLong(aValue); }
   void AddULong(std::uint64_t aValue) { Append().SetULong(aValue); }
@@ -68,8 +68,10 @@ class TJsonArray final : public TJsonBaseObject {
     CheckIndex(aIndex);
     return Values()[aIndex];
   }
-  /// An array with room for `aCount` values in one block; the caller fills it.
+  /// An empty array with room for `aCount` values in its own block.
   static TJsonArray* Allocate(std::size_t aCount);
+  /// An array of values that stand `aStride` bytes apart, moved as TJsonObject::Adopt does.
+  static TJsonArray* Adopt(const void* aValues, std::size_t aStride, std::size_t aCount);
   TJsonDataValue& Append();
   void DestroyValues(std::uint32_t aFrom) noexcept;
 };

@@ -44,6 +44,7 @@ class TJsonBaseObject {
   /// gives an array. Raises EJsonParserException. Invalid UTF-8 reads as U+FFFD.
   static std::unique_ptr<TJsonBaseObject> Parse(std::string_view aText);
   static std::unique_ptr<TJsonBaseObject> Parse(const char* aBuffer, std::size_t aLength);
+  /// Reads the whole file. Raises EFileNotFoundException and EStreamError.
   static std::unique_ptr<TJsonBaseObject> ParseFromFile(const std::string& aFileName);
   /// Replaces the content; the root of the text must be of this kind. Empty after an error.
   void FromJSON(std::string_view aText);
@@ -73,10 +74,23 @@ class TJsonBaseObject {
   void CheckIndex(int aIndex) const {
     if (static_cast<std::uint32_t>(aIndex) >= fCount) RaiseJsonIndex(aIndex);
   }
+  /// The list error for more items than an object or array can count.
+  static void CheckCapacity(std::size_t aCount) {
+    if (aCount > MaxCapacity) RaiseJsonCount(static_cast<long long>(aCount));
+  }
+  void TakePlace(void* aItems, std::size_t aCapacity) noexcept {
+    fItems = aItems;
+    fCapacity = static_cast<std::uint32_t>(aCapacity) & MaxCapacity;
+    fInPlace = 1;
+  }
   /// Moves the items to a block of their own with room for `aCapacity`.
   void MoveItems(std::size_t aCapacity, std::size_t aItemSize);
+  /// Replaces the items by those of another of the same kind, which is empty then.
+  void TakeItems(TJsonBaseObject& aOther, std::size_t aItemSize);
   /// Room for one item more, doubling.
   void Grow(std::size_t aItemSize);
+
+  static constexpr std::uint32_t MaxCapacity = (1U << 30U) - 1;
 
   void* fItems = nullptr;
   std::uint32_t fCount = 0;

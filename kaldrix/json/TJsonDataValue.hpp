@@ -47,6 +47,7 @@ class TJsonDataValue {
   TJsonDataValue(const std::string& aValue) : TJsonDataValue(std::string_view(aValue)) {}
   TJsonDataValue(const char* aValue) : TJsonDataValue(std::string_view(aValue)) {}
   TJsonDataValue(int aValue) noexcept : TJsonDataValue() { Put(jdtInt, aValue); }
+  TJsonDataValue(Cardinal aValue) noexcept : TJsonDataValue(Int64{aValue}) {}
   TJsonDataValue(Int64 aValue) noexcept : TJsonDataValue() { Put(jdtLong, aValue); }
   TJsonDataValue(std::uint64_t aValue) noexcept : TJsonDataValue() { Put(jdtULong, aValue); }
   TJsonDataValue(double aValue) noexcept : TJsonDataValue() { Put(jdtFloat, aValue); }
@@ -104,6 +105,8 @@ class TJsonDataValue {
   std::unique_ptr<TJsonObject> ExtractObject();
   std::unique_ptr<TJsonArray> ExtractArray();
 
+  /// Raises EArgumentException when an object or array that a caller gives away is none.
+  static void RequireGiven(bool aGiven);
   void Swap(TJsonDataValue& aOther) noexcept;
   /// The name of the kind in error texts, for example "UTC-DateTime".
   static std::string_view KindName(TJsonDataType aKind) noexcept;

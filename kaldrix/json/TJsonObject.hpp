@@ -17,7 +17,7 @@ struct TJsonMember {
 /// a missing name. An object of more than 32 members keeps an index of its names, made by the first lookup.
 class TJsonObject final : public TJsonBaseObject {
  public:
-  TJsonObject() noexcept : TJsonBaseObject(true) {}
+  TJsonObject() noexcept;
   ~TJsonObject();
 
   // Queries
@@ -56,7 +56,7 @@ class TJsonObject final : public TJsonBaseObject {
 
   // Setting replaces the value of the first such name, or adds a member at the end.
   void SetValue(std::string_view aKey, TJsonDataValue aValue) { Slot(aKey) = std::move(aValue); }
-  void SetString(std::string_view aKey, std::string_view aValue) { Slot(aKey).SetString(aValue); }
+  void SetString(std::string_view aKey, std::string_view aValue) { SetValue(aKey, aValue); }
   void SetInt(std::string_view aKey, int aValue) { Slot(aKey).SetInt(aValue); }
   void SetLong(std::string_view aKey, Int64 aValue) { Slot(aKey).SetLong(aValue); }
   void SetULong(std::string_view aKey, std::uint64_t aValue) { Slot(aKey).SetULong(aValue); }
@@ -70,7 +70,8 @@ class TJsonObject final : public TJsonBaseObject {
   TJsonArray& SetArray(std::string_view aKey, std::unique_ptr<TJsonArray> aValue);
 
   // Adding at the end without looking for the name: the fast way for a writer that knows its names.
-  void PutString(std::string_view aKey, std::string_view aValue) { Append(aKey).SetString(aValue); }
+  void PutValue(std::string_view aKey, TJsonDataValue aValue) { Append(aKey) = std::move(aValue); }
+  void PutString(std::string_view aKey, std::string_view aValue) { PutValue(aKey, aValue); }
   void PutInt(std::string_view aKey, int aValue) { Append(aKey).SetInt(aValue); }
   void PutLong(std::string_view aKey, Int64 aValue) { Append(aKey).SetLong(aValue); }
   void PutFloat(std::string_view aKey, double aValue) { Append(aKey).SetFloat(aValue); }
@@ -98,13 +99,13 @@ class TJsonObject final : public TJsonBaseObject {
   class TIndex;
 
   TJsonMember* Members() const noexcept { return static_cast<TJsonMember*>(fItems); }
-  /// An object and its members in one block. The members are moved out of `aMembers`, whose memory then
-  /// holds nothing.
-  static TJsonObject* Adopt(void* aMembers, std::size_t aCount);
+  /// An empty object with room for `aCount` members in its own block.
+  static TJsonObject* Allocate(std::size_t aCount);
+  /// An object of the members at `aMembers`, which are moved byte by byte: their place then holds nothing.
+  static TJsonObject* Adopt(const void* aMembers, std::size_t aCount);
+  const TJsonDataValue& Read(std::string_view aKey) const;
   TJsonDataValue& Slot(std::string_view aKey);
   TJsonDataValue& Append(std::string_view aKey);
-  int IndexOf(const TJsonProbe& aProbe) const;
-  void DropIndex() noexcept;
   void DestroyMembers() noexcept;
 
   mutable std::unique_ptr<TIndex> fIndex;  ///< Of more than 32 members, after a lookup.
