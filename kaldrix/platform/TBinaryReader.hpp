@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -47,12 +48,16 @@ class TBinaryReader {
   template <class TUnsigned>
   TUnsigned Take() {
     Need(sizeof(TUnsigned));
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < sizeof(TUnsigned); ++i) {
-      value |= std::uint64_t{static_cast<std::uint8_t>(fSource[fPosition + i])} << (8 * i);
+    TUnsigned value = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+      std::memcpy(&value, fSource.data() + fPosition, sizeof(TUnsigned));
+    } else {
+      for (std::size_t i = sizeof(TUnsigned); i-- > 0;) {
+        value = static_cast<TUnsigned>((value << 8) | static_cast<std::uint8_t>(fSource[fPosition + i]));
+      }
     }
     fPosition += sizeof(TUnsigned);
-    return static_cast<TUnsigned>(value);
+    return value;
   }
   void Need(std::size_t aCount) const {
     if (aCount > Left()) [[unlikely]]

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -39,8 +40,10 @@ class TBinaryWriter {
   template <class TUnsigned>
   void Put(TUnsigned aValue) {
     char bytes[sizeof(TUnsigned)];
-    for (std::size_t i = 0; i < sizeof(TUnsigned); ++i) {
-      bytes[i] = static_cast<char>(static_cast<std::uint8_t>(aValue >> (8 * i)));
+    if constexpr (std::endian::native == std::endian::little) {
+      std::memcpy(bytes, &aValue, sizeof(TUnsigned));
+    } else {
+      for (std::size_t i = 0; i < sizeof(TUnsigned); ++i) bytes[i] = static_cast<char>(aValue >> (8 * i));
     }
     fTarget.append(bytes, sizeof(bytes));
   }
