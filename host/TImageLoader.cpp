@@ -2,18 +2,19 @@
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
-#include <cstdio>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/Files.hpp"
 
 namespace Zor::inline Host {
 
 namespace {
 
 /// No picture within MaxPixels needs a longer file.
-constexpr long LongestFile = 1L << 30;
+constexpr std::size_t LongestFile = std::size_t{1} << 30;
 
 [[noreturn]] void Fail(const std::string& name, const std::string& what) {
   throw Exception(name + ": " + what);
@@ -188,23 +189,6 @@ TPicture ToPicture(const GdkPixbuf* pixbuf) {
   return picture;
 }
 
-struct TFileClose {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-std::string ReadFile(const std::string& fileName) {
-  const std::unique_ptr<std::FILE, TFileClose> file(std::fopen(fileName.c_str(), "rb"));
-  if (!file) throw EFileNotFoundException(fileName + ": the picture cannot be opened");
-  std::string bytes;
-  char piece[65536];
-  while (const std::size_t got = std::fread(piece, 1, sizeof piece, file.get())) {
-    bytes.append(piece, got);
-    if (bytes.size() > LongestFile) Fail(fileName, "the file is too long for a picture");
-  }
-  if (std::ferror(file.get()) != 0) throw EReadError(fileName + ": the picture cannot be read");
-  return bytes;
-}
-
 }  // namespace
 
 TImageInfo TImageLoader::Info(std::string_view bytes, const std::string& name) {
@@ -222,9 +206,11 @@ TPicture TImageLoader::Load(std::string_view bytes, const std::string& name) {
 }
 
 TImageInfo TImageLoader::InfoOfFile(const std::string& fileName) {
-  return Info(ReadFile(fileName), fileName);
+  return Info(ReadFile(fileName, LongestFile), fileName);
 }
 
-TPicture TImageLoader::LoadFile(const std::string& fileName) { return Load(ReadFile(fileName), fileName); }
+TPicture TImageLoader::LoadFile(const std::string& fileName) {
+  return Load(ReadFile(fileName, LongestFile), fileName);
+}
 
 }  // namespace Zor::inline Host

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "kaldrix/platform/Utf8.hpp"
+
 namespace Zor::inline Host {
 
 namespace {
@@ -92,14 +94,9 @@ std::string_view WholeCharacters(std::string_view text, std::size_t most) {
 }  // namespace
 
 std::string_view CleanText(std::string_view text, std::string& buffer) {
-  const bool valid = g_utf8_validate_len(text.data(), text.size(), nullptr);
+  const bool valid = Utf8::IsValid(text);
   if (valid && std::none_of(text.begin(), text.end(), IsControl)) return text;
-  buffer = text;
-  if (!valid) {
-    gchar* made = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-    buffer = made;
-    g_free(made);
-  }
+  buffer = valid ? std::string(text) : Utf8::Repaired(text);
   std::replace_if(buffer.begin(), buffer.end(), IsControl, ' ');
   return buffer;
 }

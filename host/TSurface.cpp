@@ -243,7 +243,7 @@ struct TSurface::TImpl {
   void SetBrush(const TBrush& brush);
   void Draw(const TPath& path, const TPen& pen, const TBrush& brush);
   void Stroke(const TPen& pen, double lengthBound);
-  void FillText(std::string_view text, const TTextPlace& place, const TFontSpec& font, const TFace& face);
+  void FillText(std::string_view text, const TTextPlace& place, const TFontSpec& font);
   cairo_surface_t* Converted(const std::shared_ptr<const TPicture>& picture);
 };
 
@@ -572,22 +572,21 @@ void TSurface::Text(std::string_view text, const TTextPlace& place, const TFontS
   if (text.empty() || !(font.heightMM > 0) || Alpha(color) == 0) return;
   std::string buffer;
   const std::string_view clean = CleanText(text, buffer);
-  TFontSpec held = font;
-  held.heightMM = std::min(font.heightMM, HighestFont);
   cairo_t* cr = fImpl->cr.get();
   Save();
   SetColor(cr, color);
-  fImpl->FillText(clean, place, held, fImpl->fonts->Shaper().Face(held));
+  fImpl->FillText(clean, place, font);
   Restore();
 }
 
 /// Paints the line and its decorations in the current colour. The unit becomes that of the shaped line, with
 /// the origin at the left end of its baseline.
-void TSurface::TImpl::FillText(std::string_view text, const TTextPlace& place, const TFontSpec& font,
-                               const TFace& face) {
-  const TTextSize size{0, face.ascent * font.heightMM, face.descent * font.heightMM};
+void TSurface::TImpl::FillText(std::string_view text, const TTextPlace& place, const TFontSpec& font) {
+  const double height = std::min(font.heightMM, HighestFont);
+  const TFace& face = fonts->Shaper().Face(font);
+  const TTextSize size{0, face.ascent * height, face.descent * height};
   const TShapedLine shaped = fonts->Shaper().Shape(text, face);
-  const double unit = font.heightMM / shaped.unitsPerEm;
+  const double unit = height / shaped.unitsPerEm;
   const double stretch = std::clamp(Finite(place.scaleX), LeastStretch, MostStretch);
   const double start = place.anchor == taStart ? 0 : place.anchor == taMiddle ? 0.5 : 1.0;
   cairo_t* c = cr.get();
@@ -601,7 +600,7 @@ void TSurface::TImpl::FillText(std::string_view text, const TTextPlace& place, c
   cairo_translate(c, -start * shaped.width, BaselineOffset(place.vert, size) / unit);
   cairo_new_path(c);
   const bool outlines =
-      raster && !shaped.pictures && (dpi < LeastGlyphDpi || font.heightMM * dpi / MMPerInch > LargestGlyph);
+      raster && !shaped.pictures && (dpi < LeastGlyphDpi || height * dpi / MMPerInch > LargestGlyph);
   cairo_move_to(c, 0, 0);
   if (outlines) {
     pango_cairo_layout_line_path(c, shaped.line);
