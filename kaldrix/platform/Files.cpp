@@ -235,4 +235,9 @@ std::string ExtractRelativePath(std::string_view aFolder, std::string_view aFile
   return fs::path(ExpandFileName(aFileName)).lexically_relative(ExpandFileName(aFolder)).string();
 }
 
+std::string ProgramFolder() {
+  std::error_code failed;
+  return std::filesystem::read_symlink("/proc/self/exe", failed).parent_path().string();
+}
+
 }  // namespace Zor

@@ -47,4 +47,7 @@ std::string ExpandFileName(std::string_view aFileName);
 /// `aFileName` as seen from `aFolder` ("../images/a.png"). Both are made absolute first.
 std::string ExtractRelativePath(std::string_view aFolder, std::string_view aFileName);
 
+/// The folder of the running program, absolute.
+std::string ProgramFolder();
+
 }  // namespace Zor

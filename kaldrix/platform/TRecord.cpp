@@ -1,5 +1,6 @@
 #include "kaldrix/platform/TRecord.hpp"
 
+#include <algorithm>
 #include <limits>
 
 namespace Zor {
