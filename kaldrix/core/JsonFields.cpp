@@ -17,7 +17,9 @@ namespace {
 TAlphaColor GetColor(TJsonObject& aJson, std::string_view aKey) {
   const TJsonObject* color = aJson.FindObject(aKey);
   if (color == nullptr) color = &aJson.GetObject(aKey);
-  const auto byte = [color](std::string_view aName) { return static_cast<TAlphaColor>(color->GetInt(aName)) & 0xFF; };
+  const auto byte = [color](std::string_view aName) {
+    return static_cast<TAlphaColor>(color->GetInt(aName)) & 0xFF;
+  };
   const TAlphaColor red = byte("R"), green = byte("G"), blue = byte("B");
   return byte("A") << 24 | red << 16 | green << 8 | blue;
 }
@@ -52,7 +54,8 @@ int GetLength(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit) 
 int GetIntIn(const TJsonObject& aJson, std::string_view aKey, int aLeast, int aMost) {
   const int value = aJson.GetInt(aKey);
   if (value < aLeast || value > aMost) {
-    Refuse(aKey, std::to_string(value) + " is not between " + std::to_string(aLeast) + " and " + std::to_string(aMost));
+    Refuse(aKey, std::to_string(value) + " is not between " + std::to_string(aLeast) + " and " +
+                     std::to_string(aMost));
   }
   return value;
 }

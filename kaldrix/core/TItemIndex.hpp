@@ -10,8 +10,8 @@ class TKDXBaseItem;
 template <class T>
 class TOwnedList;
 
-/// Finds items by identity and counts names, in constant time. Both tables are made on first use and kept up to
-/// date from then on, so that a document that is only read and written pays for neither.
+/// Finds items by identity and counts names, in constant time. Both tables are made on first use and kept up
+/// to date from then on, so that a document that is only read and written pays for neither.
 class TItemIndex {
  public:
   explicit TItemIndex(const TOwnedList<TKDXBaseItem>& aItems) : fItems(aItems) {}

@@ -17,6 +17,7 @@
 namespace Zor::inline Base {
 
 class TKDXBaseLabel;
+class TKDXDimStyle;
 class TKDXLayer;
 
 /// The elements of an SVG document: one entry an element, in painting order.
@@ -26,11 +27,11 @@ using TSvgList = std::vector<std::string>;
 ///
 /// An item enters its document in its constructor and leaves it in its destructor; nobody adds it. Only the
 /// document frees items. Coordinates are base points (1000 to the millimetre of the drawn object) unless an
-/// operation says document units or millimetres; millimetres of paper contain the drawing scale. Point indexes
-/// count from 1.
+/// operation says document units or millimetres; millimetres of paper contain the drawing scale. Point
+/// indexes count from 1.
 ///
-/// Every setter follows one pattern: it compares and returns on an equal value, records an undo command, reports
-/// the change to the document and stores. The exceptions say so.
+/// Every setter follows one pattern: it compares and returns on an equal value, records an undo command,
+/// reports the change to the document and stores. The exceptions say so.
 class TKDXBaseItem : public TPersistent, public IZORStroke {
  public:
   /// With `aPreview` the item is a preview copy and joins fPreview, else fItems as the topmost.
@@ -38,22 +39,22 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   TKDXBaseItem(TKDXBaseLabel& aOwner, TZORItemType aType, TKDXLayer& aLayer, bool aPreview);
   ~TKDXBaseItem() override;
 
-  // Queries -------------------------------------------------------------------------------------------------
+  // Queries --------------------------------------------------
 
   TKDXBaseLabel& Document() const { return *fOwner; }
   const std::string& GetID() const { return fID; }
-  TZORAngle GetAngle() const { return fAngle; }
+  virtual TZORAngle GetAngle() const { return fAngle; }
   TKDXLayer& GetLayer() const { return *fLayer; }
   TZOLayerOpts GetOptions() const { return fOptions; }
   /// Do the item and its layer both have the option?
   bool Shows(TZOLayerOp aOption) const;
 
-  // Properties ----------------------------------------------------------------------------------------------
+  // Properties --------------------------------------------------
 
-  /// The name that users see. Where the document asks for unique names (loUniqueID) it is trimmed, and one that
-  /// another item has raises the message RepeatID and changes nothing.
+  /// The name that users see. Where the document asks for unique names (loUniqueID) it is trimmed, and one
+  /// that another item has raises the message RepeatID and changes nothing.
   void SetID(const std::string& aValue);
-  void SetAngle(TZORAngle aValue);
+  virtual void SetAngle(TZORAngle aValue);
   /// Stores; no undo command.
   void SetLayer(TKDXLayer& aLayer);
   /// Stores; no undo command, no report.
@@ -64,7 +65,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   /// Millimetres; recorded, not reported.
   void SetPenWidth(Single aMM) override;
 
-  // Points, 1-based -------------------------------------------------------------------------------------------
+  // Points, 1-based --------------------------------------------------
 
   /// (0, 0) out of range.
   TZORPto GetPoint(int aIndex) const;
@@ -87,7 +88,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   /// Only polylines, polygons and Beziers lose a point; the bounds are left to the caller.
   bool DeletePoint(int aIndex);
 
-  // Movement --------------------------------------------------------------------------------------------------
+  // Movement --------------------------------------------------
 
   /// A coordinate that is negative or beyond the label turns into -1.
   void BasePointMove(Int64& ax, Int64& ay, int aIndex) const;
@@ -100,7 +101,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   /// Cuts the move of an edge or corner of a box of two points.
   void CheckBaseBoundsMoveResize(Int64& ax, Int64& ay, TZORMoveOpt aMoveOp) const;
 
-  // Reference points and alignment ----------------------------------------------------------------------------
+  // Reference points and alignment --------------------------------------------------
 
   int GetNumRefPoints() const;
   TZORPto GetRefPoint(int aIndex) const;
@@ -109,7 +110,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   /// The extent on one axis, anHorz for x. Some kinds leave both values alone.
   void AlignPoints(TZORAlignType aType, Int64& aMin, Int64& aMax) const;
 
-  // Conversions -----------------------------------------------------------------------------------------------
+  // Conversions --------------------------------------------------
 
   /// Base points to millimetres of paper.
   Single FromBase(Int64 aBase) const;
@@ -118,7 +119,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   Single XFromBaseAngle(Int64 aBase, Int64 aRadius, double aAngle) const;
   Single YFromBaseAngle(Int64 aBase, Int64 aRadius, double aAngle) const;
 
-  // Drawing ---------------------------------------------------------------------------------------------------
+  // Drawing --------------------------------------------------
 
   /// Paints the item; on a preview or export an item that shows data is painted by its copies on the sheet.
   void DrawElement(TKDXBaseDraw& drw);
@@ -126,7 +127,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   void PrintElement(TKDXBaseDraw& drw);
   void PreviewPos(int aColumn, int aRowOnSheet);
 
-  // Reports to the document -----------------------------------------------------------------------------------
+  // Reports to the document --------------------------------------------------
 
   void StateModified();
   /// The look changed.
@@ -135,13 +136,13 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   void StateCalc();
   void NotifyUpdate(TZOChange aChange);
 
-  // Persistence -----------------------------------------------------------------------------------------------
+  // Persistence --------------------------------------------------
 
   void Write(TBinaryWriter& bW) { WriteData(bW); }
   /// ` id="..." ` with the blanks of the name removed, or nothing.
   std::string GetSVGID(bool aAttr) const;
 
-  // Operations of the classes ---------------------------------------------------------------------------------
+  // Operations of the classes --------------------------------------------------
 
   virtual Single GetRefX(int aIndex) const;
   virtual Single GetRefY(int aIndex) const;
@@ -158,7 +159,8 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   virtual void CheckFit(Int64& aMinX, Int64& aMaxX, Int64& aMinY, Int64& aMaxY) const;
   /// Reads what WriteJson wrote. The document's units must stand. Raises EJsonException naming the key.
   virtual void ReadJson(int aVersion, TJsonObject& aJson);
-  virtual void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor, bool attrID) const = 0;
+  virtual void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
+                        bool attrID) const = 0;
   virtual void UpdateBounds();
   virtual void UpdatePoints() { UpdateBounds(); }
   /// Puts two points in order: point 1 at the top left.
@@ -174,8 +176,8 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   /// Cuts a move in document units so that the item stays on the label.
   virtual void BoundsMove(Single& ax, Single& ay) const;
   virtual void CheckBaseBoundsMove(Int64& ax, Int64& ay, TZORMoveOpt aMoveOp) const;
-  /// Moves all points, or one edge or corner. For those, grX and grY are the new coordinate when not negative,
-  /// else ax and ay are the way; for moAll a positive grX, grY is a grid that point 1 snaps to.
+  /// Moves all points, or one edge or corner. For those, grX and grY are the new coordinate when not
+  /// negative, else ax and ay are the way; for moAll a positive grX, grY is a grid that point 1 snaps to.
   virtual void BaseMove(Int64 ax, Int64 ay, Int64 grX, Int64 grY, TZORMoveOpt aMoveOp, bool aUpdate);
   virtual void DrawItem(TKDXBaseDraw& drw) = 0;
   virtual void PrintItem(TKDXBaseDraw& drw) = 0;
@@ -187,8 +189,16 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   virtual void Move(Single ax, Single ay, TZORMoveOpt aMoveOp);
   /// After a load: finds again what the item refers to by identity.
   virtual void ResolveReferences() {}
+  /// Is this a link with an end on the item of that identity?
+  virtual bool IsAttachedTo(int /*aInID*/) const { return false; }
+  /// Does its text tell a measure in document units?
+  virtual bool ShowsMeasure() const { return false; }
+  /// Marks the symbol that the item shows, if it shows one.
+  virtual void MarkSymbolInUse() const {}
+  /// A dimension that has the first style takes the other, since the first is about to go.
+  virtual void ReplaceDimStyle(const TKDXDimStyle& /*aGoing*/, TKDXDimStyle& /*aOther*/) {}
 
-  // State -----------------------------------------------------------------------------------------------------
+  // State --------------------------------------------------
 
   std::string fID;
   TKDXLayer* fLayer;      ///< not owned
@@ -200,7 +210,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   int fInID = 0;                ///< identity inside the document
   TAlphaColor fColor = ColorBlack;
   TZOLayerOpts fOptions{lopVisible, lopPrint, lopSelectable, lopExport};
-  int fPenWidth = 100;  ///< base points
+  int fPenWidth = 100;              ///< base points
   std::int16_t aRow = 0, aCol = 0;  ///< place of a preview copy on the sheet
   TZORItemType fItemType;
   TZORAngle fAngle = ag0;
@@ -214,11 +224,13 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
  protected:
   /// The record after the type: told once, for writing and for reading. A class calls its parent's first.
   virtual void Record(TRecord& r);
-  /// Runs after a record or JSON object has been read, before the bounds are made; a class calls its parent's.
-  virtual void AfterRead() {}
+  /// Runs after a record or JSON object has been read, before the bounds are made; a class calls its
+  /// parent's.
+  virtual void AfterRead(TZORReadType /*aReadType*/) {}
   const char* ClassName() const override;
 
-  /// The setter pattern: compare, record a command of class TCmd with `aIndex`, report, store. True on a change.
+  /// The setter pattern: compare, record a command of class TCmd with `aIndex`, report, store. True on a
+  /// change.
   template <class TCmd, class T>
   bool Change(T& aField, const T& aValue, int aIndex, void (TKDXBaseItem::*aReport)() = nullptr) {
     if (aField == aValue) return false;
@@ -230,23 +242,31 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   bool HasPoint(int aIndex) const { return aIndex >= 1 && aIndex <= static_cast<int>(fPoints.size()); }
   /// Are the items with two points of this kind kept with point 1 at the top left?
   void NormalizePoints();
-  /// Snap tests that several classes share; base points. True, and told in `aRef`, when the target is within gap.
+  /// Snap tests that several classes share; base points. True, and told in `aRef`, when the target is within
+  /// gap.
   static bool SnapTo(const TZORPto& aTarget, Int64 ax, Int64 ay, int gap, TZORefType aType, TZORRef& aRef);
+  /// Snaps to the foot of the perpendicular from the last point of `aRef` to the segment.
+  static bool SnapToFoot(const TZORPto& a, const TZORPto& b, Int64 ax, Int64 ay, int gap, TZORRef& aRef);
 
  private:
   friend class TKDXBaseLabel;
 
+  /// The name of a new item: the kind, then its identity in at least three digits.
+  static std::string StartName(TZORItemType aType, int aInID);
   void Enter(bool aPreview);
+  void MoveAll(Int64 ax, Int64 ay, Int64 grX, Int64 grY);
   void RecordPoints(TRecord& r);
-  void RecordIdentity(TRecord& r);
   void RecordLayer(TRecord& r);
-  void ReadJsonPoints(TJsonObject& aJson);
+  void TakeIdentity(int aInID, std::string aID, TZORReadType aReadType);
+  void ReadJsonPoints(TJsonArray& aPoints);
   void UpdateAfterPoint();
-  bool SnapSegment(const TZORPto& a, const TZORPto& b, Int64 ax, Int64 ay, int gap, TZORSnap aSnap, TZORRef& aRef) const;
 
   bool fListed : 1 = false;   ///< stands in a list of the document
   bool fPending : 1 = false;  ///< waits in fCalcs
-  TZORReadType fReadType = rdNormal;
 };
+
+/// Cuts a move on one axis so that what reaches from `aLow` to `aHigh` stays between 0 and `aLimit`.
+void CutMove(Int64& aWay, Int64 aLow, Int64 aHigh, Int64 aLimit);
+void CutMove(Single& aWay, Single aLow, Single aHigh, Single aLimit);
 
 }  // namespace Zor::inline Base

@@ -43,7 +43,8 @@ inline constexpr int FormatVersion = 3200;
 ///   Lifecycle      TKDXBaseLabel.cpp
 ///   Bracket        TKDXBaseLabel.Bracket.cpp      brackets, observers, notifications
 ///   Items          TKDXBaseLabel.Items.cpp        items and identities
-///   Layers         TKDXBaseLabel.Layers.cpp       layers, dimension styles, box layer, rotation
+///   Layers         TKDXBaseLabel.Layers.cpp       layers, dimension styles, rotation
+///                  TKDXBaseLabel.BoxLayer.cpp     page frame and title block
 ///   Selection      TKDXBaseLabel.Selection.cpp
 ///   Values         TKDXBaseLabel.Values.cpp       units, conversions, editor mode
 ///   Pages          TKDXBaseLabel.Pages.cpp
@@ -55,19 +56,19 @@ class TKDXBaseLabel : public TComponent {
  public:
   ~TKDXBaseLabel() override;
 
-  // Lifecycle ---------------------------------------------------------------------------------------------------
+  // Lifecycle --------------------------------------------------
 
   /// Back to an empty document with default measures.
   void New();
-  /// Removes what the set names; cleAll stands for all but the base layer and base style. With `aPaint`, chSelect
-  /// is sent when anything was selected or present.
+  /// Removes what the set names; cleAll stands for all but the base layer and base style. With `aPaint`,
+  /// chSelect is sent when anything was selected or present.
   void Clear(TZORClearOpts aValue, bool aPaint);
   /// Takes options, data, back surface, measures and folders of another document; items are not copied.
   void Assign(const TPersistent& aSource) override;
   void Loaded() override;
   void Notification(TComponent& aComponent, TOperation aOperation) override;
 
-  // Bracket -----------------------------------------------------------------------------------------------------
+  // Bracket --------------------------------------------------
 
   /// Between the two, changes are gathered: one group of undo commands, one notification at the end.
   void BeginUpdate(bool aPaintOnEnd);
@@ -89,18 +90,19 @@ class TKDXBaseLabel : public TComponent {
   void PaintEditor();
   void UpdateEditing(bool aFill);
 
-  // Observers ---------------------------------------------------------------------------------------------------
+  // Observers --------------------------------------------------
 
-  /// Ignored when it is attached already. An observer of kind duEditor receives chLabelDef at once. The document
-  /// does not own it: detach it before it goes.
+  /// Ignored when it is attached already. An observer of kind duEditor receives chLabelDef at once. The
+  /// document does not own it: detach it before it goes.
   void Attach(IZOObserver* aObserver);
   void Detach(IZOObserver* aObserver);
-  /// Sends a change to the observers whose kind it is meant for. Inside a bracket chMeasure waits for its end.
+  /// Sends a change to the observers whose kind it is meant for. Inside a bracket chMeasure waits for its
+  /// end.
   void ChangeValue(TZOChange aChange);
   TZOChangeValue GetChangedValue(TZOChange aChange) const;
   void FireInfoEvent(bool aNotify);
 
-  // Items -------------------------------------------------------------------------------------------------------
+  // Items --------------------------------------------------
 
   TKDXBaseItem* GetItem(int aIndex) const;
   int GetItemsCount() const { return fItems.Count(); }
@@ -117,16 +119,20 @@ class TKDXBaseLabel : public TComponent {
   void SendToBack();
   void BringToFront();
   int NextID() { return fMaxID++; }
+  /// Gives an item a name without a check, command or report: for constructors and readers.
+  void Rename(TKDXBaseItem& aItem, std::string aID) { ChangeIdentity(aItem, aItem.fInID, std::move(aID)); }
   /// Frees the symbols that no item uses, except the first.
   void CleanLibray();
 
-  // Layers ------------------------------------------------------------------------------------------------------
+  // Layers --------------------------------------------------
 
   /// The first layer out of range.
   TKDXLayer& GetLayer(int aIndex) const;
   TKDXLayer& AddLayer();
   /// 0-based; -1 when it is not of this document.
   int LayerIdx(const TKDXLayer* aLayer) const;
+  /// 0-based, as files store it; the first layer out of range.
+  TKDXLayer* LayerAt(int aIndex) const;
   bool ExchangeLayers(int aIdx1, int aIdx2);
   bool SetActiveLayer(int aIdx);
   /// Layer 1 cannot be deleted; items of another go to layer 1.
@@ -142,7 +148,7 @@ class TKDXBaseLabel : public TComponent {
   void RotateLeft();
   void RotateRight();
 
-  // Dimension styles --------------------------------------------------------------------------------------------
+  // Dimension styles --------------------------------------------------
 
   TKDXDimStyle* GetDimStyle(int aIndex) const;
   TKDXDimStyle* GetDimStyleById(int aId) const;
@@ -154,7 +160,7 @@ class TKDXBaseLabel : public TComponent {
   bool DeleteActiveDimStyle();
   std::vector<std::string> GetDimStylesNames() const;
 
-  // Selection ---------------------------------------------------------------------------------------------------
+  // Selection --------------------------------------------------
 
   void AddToSelection(TKDXBaseItem& aItem, bool aNotify);
   void SetSelection(TKDXBaseItem* aItem, TZORItemState aState);
@@ -169,7 +175,7 @@ class TKDXBaseLabel : public TComponent {
   void ScrollItem(TKDXBaseItem* aItem);
   IZORText* GetTextObject() const;
 
-  // Values ------------------------------------------------------------------------------------------------------
+  // Values --------------------------------------------------
 
   void SetEditorMode(TZOREditorMode aMode);
   void SetUnits(TZORUnits aUnits);
@@ -183,10 +189,15 @@ class TKDXBaseLabel : public TComponent {
   TZORUnits RestrictedUnit() const { return UnitFacts(fUnits).restricted ? unMM : fUnits; }
 
   /// Base points to document units; with `aRestric` a large unit counts as millimetres.
-  Single GetVal(Int64 aBase, bool aRestric) const { return GetValue(aBase, aRestric ? RestrictedUnit() : fUnits); }
+  Single GetVal(Int64 aBase, bool aRestric) const {
+    return GetValue(aBase, aRestric ? RestrictedUnit() : fUnits);
+  }
+  /// Document units to 32-bit base points, held at their ends.
   int SetVal(Single aValue, bool aRestric) const;
   /// Base points to millimetres of paper.
   Single GetValMM(Int64 aBase) const;
+  /// Base points in one millimetre of paper.
+  double PaperFactor() const;
   Int64 SetValMM(Single aMM) const { return SetBaseValue(aMM); }
   Int64 BaseAsMM(Single aMM) const { return SetBaseValue(aMM); }
   /// Millimetres to document units.
@@ -204,14 +215,14 @@ class TKDXBaseLabel : public TComponent {
   /// The folder of images, absolute.
   std::string GetAbsoluteImagePath() const;
 
-  // Pages -------------------------------------------------------------------------------------------------------
+  // Pages --------------------------------------------------
 
   /// Moves the print state to a page, 1-based; with `aFillData` its labels take their values.
   void GoToPage(int aPage, bool aFillData, bool aCheck);
   /// Widens the values by all items that are shown and exported; the caller passes -1 in all four.
   void CheckFit(Int64& aMinX, Int64& aMaxX, Int64& aMinY, Int64& aMaxY) const;
 
-  // Undo --------------------------------------------------------------------------------------------------------
+  // Undo --------------------------------------------------
 
   void Undo();
   void Redo();
@@ -224,14 +235,14 @@ class TKDXBaseLabel : public TComponent {
   TUndoStack& ActiveStack() { return fUndoing ? fRedo : fUndo; }
   void FireUndoRedoEvent();
 
-  // JSON --------------------------------------------------------------------------------------------------------
+  // JSON --------------------------------------------------
 
   std::unique_ptr<TJsonObject> GetJson() const;
   std::string GetJsonString(bool aCompact) const;
   /// Reads everything up to and including "Counters". The caller brackets it, and reads the rest after it.
   void ReadJson(TJsonObject& aJson);
 
-  // Binary ------------------------------------------------------------------------------------------------------
+  // Binary --------------------------------------------------
 
   void WriteBaseData(TBinaryWriter& bW) const;
   /// Ends with CleanLibray.
@@ -241,13 +252,13 @@ class TKDXBaseLabel : public TComponent {
   /// Puts the records of the selected items into fMemCopy.
   void CopySelection();
 
-  // SVG ---------------------------------------------------------------------------------------------------------
+  // SVG --------------------------------------------------
 
   /// The whole document. With `attrID` elements carry the names of their items.
   std::string SVG(TZORExportSVG aExportType, Single aFactor, bool attrID) const;
   void SaveSVG(const std::string& aFilename, TZORExportSVG aExportType, Single aFactor, bool attrID) const;
 
-  // Supplied by the host ----------------------------------------------------------------------------------------
+  // Supplied by the host --------------------------------------------------
 
   // Each makes the item of its kind, which enters the document by itself. Base points; angles in degrees.
   virtual TKDXBaseItem* NewText(Int64 x, Int64 y) = 0;
@@ -275,12 +286,12 @@ class TKDXBaseLabel : public TComponent {
   /// Pastes fMemCopy.
   virtual void PasteSelection() = 0;
   virtual void Print() = 0;
-  virtual void ExportDoc(TZORExport aType, const std::string& aFilename, int aPage, Single aScale, int aQuality,
-                         bool aCheckData, bool aTransparent, bool aFit) = 0;
+  virtual void ExportDoc(TZORExport aType, const std::string& aFilename, int aPage, Single aScale,
+                         int aQuality, bool aCheckData, bool aTransparent, bool aFit) = 0;
   virtual void LoadFromFile(const std::string& aFilename) = 0;
   virtual void SaveToFile(const std::string& aFilename, TZORExt aFormat) = 0;
 
-  // Content -----------------------------------------------------------------------------------------------------
+  // Content --------------------------------------------------
 
   TOwnedList<TKDXLayer> fLayers;
   TOwnedList<TKDXDimStyle> fDimStyles;
@@ -310,7 +321,7 @@ class TKDXBaseLabel : public TComponent {
   bool fNeedReadImg = false;
   bool fModified = false;
 
-  // Transient state -----------------------------------------------------------------------------------------------
+  // Transient state --------------------------------------------------
 
   std::vector<TKDXBaseItem*> fSelection;  ///< in order of selecting
   std::vector<TKDXBaseItem*> fLinks;      ///< link items attached to the selection
@@ -324,13 +335,13 @@ class TKDXBaseLabel : public TComponent {
   TZOChangeValue fChangeVal;  ///< what chEditInspect hands over
   TUndoStack fUndo, fRedo;
   bool fUndoing = false, fRedoing = false;
-  bool fUndoOpt = false;     ///< loUndoRedo across a read bracket
-  bool fIncUnReID = true;    ///< each command takes a new group number
-  int fUnReID = 0;           ///< running group number
-  int fUnReRef = 0;          ///< what a running undo or redo hands out
-  std::string fMemCopy;      ///< the internal clipboard
+  bool fUndoOpt = false;   ///< loUndoRedo across a read bracket
+  bool fIncUnReID = true;  ///< each command takes a new group number
+  int fUnReID = 0;         ///< running group number
+  int fUnReRef = 0;        ///< what a running undo or redo hands out
+  std::string fMemCopy;    ///< the internal clipboard
 
-  // Events --------------------------------------------------------------------------------------------------------
+  // Events --------------------------------------------------
 
   TZORInfoMsgEvent fOnInfoMsg;
   TZORGetFontListEvent fOnGetFontListEvent;
@@ -344,8 +355,10 @@ class TKDXBaseLabel : public TComponent {
   explicit TKDXBaseLabel(TComponent* aOwner);
   const char* ClassName() const override { return "TKDXBaseLabel"; }
 
-  /// What lies behind the items of an exported document, for layers with lopExportBack; the host knows images.
-  virtual void WriteBackSVG(TSvgList& /*svg*/, TSvgList& /*defs*/, TZORExportSVG /*aType*/, Single /*aFactor*/) const {}
+  /// What lies behind the items of an exported document, for layers with lopExportBack; the host knows
+  /// images.
+  virtual void WriteBackSVG(TSvgList& /*svg*/, TSvgList& /*defs*/, TZORExportSVG /*aType*/,
+                            Single /*aFactor*/) const {}
   /// The handles of the selection are made again; the editor's business.
   virtual void FillSelPoints() {}
   /// Crossings are computed again; the editor's business.
@@ -358,21 +371,32 @@ class TKDXBaseLabel : public TComponent {
   void Enlist(TKDXBaseItem& aItem, bool aPreview);
   void Forget(TKDXBaseItem& aItem);
   void Free(TKDXBaseItem& aItem);
+  void ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID);
+  void FreeAll(TOwnedList<TKDXBaseItem>& aList);
+  /// Linear, however many go.
+  void FreeMany(const std::vector<TKDXBaseItem*>& aItems);
+  TKDXBaseItem* FindName(std::string_view aID);
   void DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection);
-  void ForgetAll(const std::vector<TKDXBaseItem*>& aItems);
   void Defer(TKDXBaseItem& aItem);
 
   void ClearSelectionSilently();
   bool SelectNeighbour(int aStep);
-  void NotifySelection(TZOChange aChange);
+  void TakeOnly(TKDXBaseItem& aItem, TZORItemState aState);
   void CloseBracket();
   void Send(TZOChange aChange, const TZOChangeValue& aValue);
   void RunCommands(TUndoStack& aStack, void (TKDXCmd::*aStep)());
   void Rotate(int aStep, void (TKDXBaseItem::*aTurn)());
+  TKDXLayer* BoxLayer(bool& aMade);
+  void MakeBox(TKDXLayer& aLayer);
   void SkipToPage(int aPage);
   void SkipRepeated(int aPage);
-  void WriteJsonSections(TJsonObject& aJson) const;
-  void WriteSvgFrame(std::string& aOut, TZORExportSVG aExportType, Single aFactor) const;
+  std::unique_ptr<TJsonObject> GetJsonSections() const;
+  void ClearForRead();
+  void ReadSymbol(TJsonObject& aJson);
+  void CheckActive();
+  void RecordBase(TRecord& r);
+  std::string SvgRoot(TZORExportSVG aExportType, Single aFactor) const;
+  void CheckNeedDrawUnits();
 
   TItemIndex fIndex;
 };

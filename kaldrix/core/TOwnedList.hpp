@@ -61,7 +61,9 @@ class TOwnedList {
     fMembers.erase(fMembers.begin() + aFrom);
     fMembers.insert(fMembers.begin() + aTo, member);
   }
-  void Exchange(int a, int b) { std::swap(fMembers[static_cast<std::size_t>(a)], fMembers[static_cast<std::size_t>(b)]); }
+  void Exchange(int a, int b) {
+    std::swap(fMembers[static_cast<std::size_t>(a)], fMembers[static_cast<std::size_t>(b)]);
+  }
 
   /// Takes out, without freeing, every member that `aTest` accepts; the others keep their order. Linear.
   template <class TTest>

@@ -1,5 +1,5 @@
-// The aspects that an item offers. Inspector, editor and undo work on items through these, without knowing their
-// class. All are pure and own nothing; an item that offers one is found by dynamic_cast.
+// The aspects that an item offers. Inspector, editor and undo work on items through these, without knowing
+// their class. All are pure and own nothing; an item that offers one is found by dynamic_cast.
 #pragma once
 
 #include <string>
@@ -9,15 +9,15 @@
 
 namespace Zor::inline Types {
 
-#define ZOR_INTERFACE(aName)                  \
- public:                                      \
-  aName() = default;                          \
-  aName(const aName&) = delete;               \
-  aName& operator=(const aName&) = delete;    \
-                                              \
- protected:                                   \
-  ~aName() = default;                         \
-                                              \
+#define ZOR_INTERFACE(aName)               \
+ public:                                   \
+  aName() = default;                       \
+  aName(const aName&) = delete;            \
+  aName& operator=(const aName&) = delete; \
+                                           \
+ protected:                                \
+  ~aName() = default;                      \
+                                           \
  public:
 
 /// Somebody who hears of the changes of a document, on the thread that makes them.

@@ -1,0 +1,251 @@
+#include "kaldrix/core/Commands.hpp"
+
+#include <array>
+
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+
+namespace Zor::inline Base {
+
+namespace {
+
+/// The aspect that a row of a table works on; an item that lacks it reads as zero and takes nothing.
+template <class TAspect>
+const TAspect* As(const TKDXBaseItem& aItem) {
+  return dynamic_cast<const TAspect*>(&aItem);
+}
+template <class TAspect>
+TAspect* As(TKDXBaseItem& aItem) {
+  return dynamic_cast<TAspect*>(&aItem);
+}
+
+/// A row over a getter and a setter of an aspect.
+template <class TValue, auto TheGetter, auto TheSetter>
+struct TAspectRow;
+
+template <class TValue, class TAspect, class TRead, TRead (TAspect::*TheGetter)() const, class TWrite,
+          void (TAspect::*TheSetter)(TWrite)>
+struct TAspectRow<TValue, TheGetter, TheSetter> {
+  static TValue Read(const TKDXBaseItem& aItem) {
+    const TAspect* aspect = As<TAspect>(aItem);
+    return aspect == nullptr ? TValue{} : static_cast<TValue>((aspect->*TheGetter)());
+  }
+  static void Write(TKDXBaseItem& aItem, const TValue& aValue) {
+    if (TAspect* aspect = As<TAspect>(aItem)) (aspect->*TheSetter)(static_cast<std::decay_t<TWrite>>(aValue));
+  }
+};
+
+template <class TValue, auto TheGetter, auto TheSetter>
+constexpr TAccess<TValue> Row(int aIndex) {
+  using TRow = TAspectRow<TValue, TheGetter, TheSetter>;
+  return {aIndex, &TRow::Read, &TRow::Write};
+}
+
+constexpr std::array ColorTable{
+    Row<TAlphaColor, &IZORStroke::GetColor, &IZORStroke::SetColor>(0),
+    Row<TAlphaColor, &IZORBack::GetBackColor, &IZORBack::SetBackColor>(1),
+    Row<TAlphaColor, &IZORBack::GetBackColor, &IZORBack::SetBackColor>(2),
+    Row<TAlphaColor, &IZORFont::GetFontColor, &IZORFont::SetFontColor>(3),
+    Row<TAlphaColor, &IZORSTerm::GetFromColor, &IZORSTerm::SetFromColor>(6),
+    Row<TAlphaColor, &IZORSTerm::GetToColor, &IZORSTerm::SetToColor>(7),
+};
+
+/// The pen is given back around its setter, which works in millimetres; so the mirror is made here.
+void WritePen(TKDXBaseItem& aItem, const int& aValue) {
+  TKDXBaseValueCmd::AddCommand(aItem, 0);
+  aItem.fPenWidth = aValue;
+}
+
+constexpr std::array BaseValueTable{
+    TAccess<int>{0, [](const TKDXBaseItem& aItem) { return aItem.fPenWidth; }, &WritePen},
+    Row<int, &IZORRadio::GetBaseRadio, &IZORRadio::SetBaseRadio>(2),
+    Row<int, &IZORSTerm::BaseSizeFrom, &IZORSTerm::SetBaseSizeFrom>(3),
+    Row<int, &IZORSTerm::BaseSizeTo, &IZORSTerm::SetBaseSizeTo>(4),
+};
+
+constexpr std::array BoolTable{
+    Row<bool, &IZORBack::GetFilled, &IZORBack::SetFilled>(0),
+    Row<bool, &IZORBack::GetFilled, &IZORBack::SetFilled>(1),
+    Row<bool, &IZORFont::GetBold, &IZORFont::SetBold>(2),
+    Row<bool, &IZORFont::GetItalic, &IZORFont::SetItalic>(3),
+    Row<bool, &IZORFont::GetUnderline, &IZORFont::SetUnderline>(4),
+};
+
+constexpr std::array EnumValueTable{
+    Row<std::uint8_t, &IZORStyle::GetLineType, &IZORStyle::SetLineType>(0),
+    Row<std::uint8_t, &IZORSTerm::GetFromType, &IZORSTerm::SetFromType>(1),
+    Row<std::uint8_t, &IZORSTerm::GetToType, &IZORSTerm::SetToType>(2),
+    Row<std::uint8_t, &TKDXBaseItem::GetAngle, &TKDXBaseItem::SetAngle>(20),
+};
+
+constexpr std::array TxtTable{
+    Row<std::string, &IZORFont::GetFontName, &IZORFont::SetFontName>(1),
+    Row<std::string, &IZORText::GetText, &IZORText::SetText>(2),
+    Row<std::string, &IZORSText::GetText, &IZORSText::SetText>(3),
+    Row<std::string, &IZORSText::GetText, &IZORSText::SetText>(4),
+};
+
+constexpr std::array FloatTable{
+    Row<Single, &IZORBar1D2D::GetBarWidth, &IZORBar1D2D::SetBarWidth>(0),
+    Row<Single, &IZORBar1D2D::GetBarHeight, &IZORBar1D2D::SetBarHeight>(1),
+    Row<Single, &IZORBar1D2D::GetFactor, &IZORBar1D2D::SetFactor>(2),
+    Row<Single, &IZORCenter::GetCenterX, &IZORCenter::SetCenterX>(3),
+    Row<Single, &IZORCenter::GetCenterY, &IZORCenter::SetCenterY>(4),
+};
+
+}  // namespace
+
+void TColorTraits::Announce(TKDXBaseItem& aItem) { aItem.Document().AddState(lsUpdate); }
+std::span<const TAccess<TAlphaColor>> TColorTraits::Table() { return ColorTable; }
+std::span<const TAccess<int>> TBaseValueTraits::Table() { return BaseValueTable; }
+std::span<const TAccess<bool>> TBoolTraits::Table() { return BoolTable; }
+std::span<const TAccess<std::uint8_t>> TEnumValueTraits::Table() { return EnumValueTable; }
+std::span<const TAccess<std::string>> TTxtTraits::Table() { return TxtTable; }
+std::span<const TAccess<Single>> TFloatTraits::Table() { return FloatTable; }
+
+// TKDXCmd --------------------------------------------------
+
+TKDXCmd::TKDXCmd(int aKind, const TKDXBaseItem& aReceiver, int aIndex)
+    : fDocument(&aReceiver.Document()),
+      fKind(aKind),
+      fIndex(aIndex),
+      fUndRedID(aReceiver.Document().UnReID()),
+      fID(aReceiver.fInID) {}
+
+TKDXBaseItem* TKDXCmd::Receiver() const { return fDocument->SearchItem(fID, false); }
+
+bool TKDXCmd::CheckLastProp(int aKind, const TKDXBaseItem& aReceiver, int aIndex) {
+  const TKDXCmd* top = aReceiver.Document().ActiveStack().Top();
+  return top != nullptr && top->fID == aReceiver.fInID && top->fKind == aKind && top->fIndex == aIndex;
+}
+
+bool TKDXCmd::IsRecording(const TKDXBaseItem& aItem) {
+  return aItem.Document().IsRecording() && !aItem.fFromPreview;
+}
+
+void TKDXCmd::Push(std::unique_ptr<TKDXCmd> aCommand) {
+  TKDXBaseLabel& document = *aCommand->fDocument;
+  document.ActiveStack().Push(std::move(aCommand));
+  document.FireUndoRedoEvent();
+}
+
+void TKDXCmd::Undo() {
+  fDocument->fRedoing = false;
+  fDocument->fUndoing = true;
+  RestoreState();
+  fDocument->fUndoing = false;
+}
+
+void TKDXCmd::Redo() {
+  fDocument->fUndoing = false;
+  fDocument->fRedoing = true;
+  RestoreState();
+  fDocument->fRedoing = false;
+}
+
+// TKDXCreateCmd --------------------------------------------------
+
+void TKDXCreateCmd::AddCommand(TKDXBaseItem& aItem) {
+  if (IsRecording(aItem)) Push(std::unique_ptr<TKDXCmd>(new TKDXCreateCmd(aItem)));
+}
+
+void TKDXCreateCmd::DeleteReceiver() {
+  if (TKDXBaseItem* item = Receiver()) fDocument->DeleteItem(item, true);
+}
+
+void TKDXCreateCmd::Undo() {
+  fDocument->fUndoing = true;
+  DeleteReceiver();
+  fDocument->fUndoing = false;
+}
+
+void TKDXCreateCmd::Redo() {
+  // fRedoing, so that the delete command that this makes keeps the group.
+  fDocument->fUndoing = false;
+  fDocument->fRedoing = true;
+  DeleteReceiver();
+  fDocument->fRedoing = false;
+}
+
+// TKDXDeleteCmd --------------------------------------------------
+
+TKDXDeleteCmd::TKDXDeleteCmd(const TKDXBaseItem& aItem) : TKDXCmd(Kind, aItem, 0) {
+  TBinaryWriter writer(fStream);
+  writer.WriteInt32(FormatVersion);
+  aItem.WriteData(writer);
+}
+
+void TKDXDeleteCmd::AddCommand(TKDXBaseItem& aItem) {
+  if (IsRecording(aItem)) Push(std::unique_ptr<TKDXCmd>(new TKDXDeleteCmd(aItem)));
+}
+
+void TKDXDeleteCmd::Undo() {
+  fDocument->fRedoing = false;
+  fDocument->fUndoing = true;
+  fDocument->CreateElementFromStream(fStream);
+  fDocument->fUndoing = false;
+}
+
+void TKDXDeleteCmd::Redo() {
+  fDocument->fUndoing = false;
+  fDocument->fRedoing = true;
+  fDocument->CreateElementFromStream(fStream);
+  fDocument->fRedoing = false;
+}
+
+// TKDXPosCmd --------------------------------------------------
+
+TKDXPosCmd::TKDXPosCmd(const TKDXBaseItem& aItem, int aIndex, TZORPosType aPosType)
+    : TKDXCmd(Kind, aItem, aIndex),
+      fValue(aPosType == ptX ? aItem.GetPointX(aIndex) : aItem.GetPointY(aIndex)),
+      fPosType(aPosType) {}
+
+void TKDXPosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex, TZORPosType aPosType) {
+  if (!IsRecording(aItem)) return;
+  if (CheckLastProp(Kind, aItem, aIndex)) {
+    const auto* last = static_cast<const TKDXPosCmd*>(aItem.Document().ActiveStack().Top());
+    if (last->fPosType == aPosType) return;
+  }
+  Push(std::unique_ptr<TKDXCmd>(new TKDXPosCmd(aItem, aIndex, aPosType)));
+}
+
+void TKDXPosCmd::RestoreState() {
+  TKDXBaseItem* item = Receiver();
+  if (item == nullptr) return;
+  fPosType == ptX ? item->SetPointX(fIndex, fValue) : item->SetPointY(fIndex, fValue);
+}
+
+// TKDXBasePosCmd --------------------------------------------------
+
+TKDXBasePosCmd::TKDXBasePosCmd(const TKDXBaseItem& aItem, int aIndex)
+    : TKDXCmd(Kind, aItem, aIndex), fPoint(aItem.GetPoint(aIndex)) {}
+
+void TKDXBasePosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex) {
+  if (!IsRecording(aItem) || CheckLastProp(Kind, aItem, aIndex)) return;
+  Push(std::unique_ptr<TKDXCmd>(new TKDXBasePosCmd(aItem, aIndex)));
+}
+
+void TKDXBasePosCmd::RestoreState() {
+  TKDXBaseItem* item = Receiver();
+  if (item == nullptr) return;
+  AddCommand(*item, fIndex);
+  item->SetPoint(fIndex, fPoint);
+}
+
+// TKDXElePosCmd --------------------------------------------------
+
+TKDXElePosCmd::TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex)
+    : TKDXCmd(Kind, aItem, aIndex), fPoints(aItem.fPoints) {}
+
+void TKDXElePosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex) {
+  if (!IsRecording(aItem) || CheckLastProp(Kind, aItem, aIndex)) return;
+  Push(std::unique_ptr<TKDXCmd>(new TKDXElePosCmd(aItem, aIndex)));
+}
+
+void TKDXElePosCmd::RestoreState() {
+  TKDXBaseItem* item = Receiver();
+  if (item == nullptr) return;
+  AddCommand(*item, fIndex);
+  item->fPoints = fPoints;
+}
+
+}  // namespace Zor::inline Base

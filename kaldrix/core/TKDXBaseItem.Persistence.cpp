@@ -1,0 +1,179 @@
+// The common part of an item's record and JSON object.
+#include "kaldrix/core/TKDXBaseItem.hpp"
+
+#include <array>
+#include <string>
+
+#include "kaldrix/core/JsonFields.hpp"
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+#include "kaldrix/core/TKDXLayer.hpp"
+
+namespace Zor::inline Base {
+
+namespace {
+
+/// The options that pass through JSON.
+struct TOptionKey {
+  TZOLayerOp option;
+  std::string_view key;
+};
+constexpr std::array<TOptionKey, 4> OptionKeys{
+    {{lopVisible, "Visible"}, {lopPrint, "Print"}, {lopSelectable, "Selectable"}, {lopExport, "Export"}}};
+
+constexpr std::size_t BytesOfPoint = 16;
+
+[[noreturn]] void RefusePoints(TZORItemType aType, int aCount) {
+  const std::string allowed =
+      HasFreePoints(aType) ? "the rest of the data" : std::to_string(NumPointsItem(aType));
+  throw EReadError(std::string(NameItem(aType)) + ": " + std::to_string(aCount) + " points do not fit " +
+                   allowed);
+}
+
+/// The count is 16 bits wide; -1 announces a 32-bit count for the items that have more.
+constexpr std::int16_t WideCount = -1;
+
+void WritePointCount(TBinaryWriter& bW, std::size_t aCount) {
+  if (aCount <= INT16_MAX) return bW.WriteInt16(static_cast<std::int16_t>(aCount));
+  bW.WriteInt16(WideCount);
+  bW.WriteInt32(static_cast<std::int32_t>(aCount));
+}
+
+int ReadPointCount(TBinaryReader& bR) {
+  const int count = bR.ReadInt16();
+  return count == WideCount ? bR.ReadInt32() : count;
+}
+
+void CheckCoordinate(Int64 aValue, std::size_t aPosition) {
+  if (aValue >= -MaxCoordinate && aValue <= MaxCoordinate) return;
+  throw EReadError("Position outside the coordinate range at byte " + std::to_string(aPosition));
+}
+
+}  // namespace
+
+// Binary --------------------------------------------------
+
+void TKDXBaseItem::WriteData(TBinaryWriter& bW) const {
+  bW.WriteInt32(fItemType);
+  TRecord record(bW, FormatVersion);
+  const_cast<TKDXBaseItem*>(this)->Record(record);  // Writing leaves every field as it is.
+}
+
+void TKDXBaseItem::ReadData(int aVersion, TBinaryReader& bR, TZORReadType aReadType) {
+  const int inID = bR.ReadInt32();
+  TakeIdentity(inID, bR.ReadString(), aReadType);
+  TRecord record(bR, aVersion);
+  Record(record);
+  if (aReadType == rdPaste) {
+    BaseMove(fOwner->BaseMoveInc(), fOwner->BaseMoveInc(), 0, 0, moAll, true);
+    fOwner->AddToSelection(*this, false);
+  }
+  AfterRead(aReadType);
+  UpdateBounds();
+}
+
+void TKDXBaseItem::Record(TRecord& r) {
+  if (r.Writing()) {
+    r.Writer()->WriteInt32(fInID);
+    r.Writer()->WriteString(fID);
+  }
+  RecordLayer(r);
+  r.UInt32(fColor);
+  r.Int32(fPenWidth);
+  r.Enum32(fAngle, "Angle");
+  r.Set32(fOptions);
+  RecordPoints(r);
+}
+
+void TKDXBaseItem::RecordLayer(TRecord& r) {
+  if (r.Writing()) return r.Writer()->WriteInt16(static_cast<std::int16_t>(fOwner->LayerIdx(fLayer)));
+  fLayer = fOwner->LayerAt(r.Reader()->ReadInt16());
+}
+
+void TKDXBaseItem::RecordPoints(TRecord& r) {
+  if (r.Writing()) {
+    WritePointCount(*r.Writer(), fPoints.size());
+    for (const TZORPto& point : fPoints) {
+      r.Writer()->WriteInt64(point.bX);
+      r.Writer()->WriteInt64(point.bY);
+    }
+    return;
+  }
+  TBinaryReader& reader = *r.Reader();
+  const int count = ReadPointCount(reader);
+  const bool fits = HasFreePoints(fItemType)
+                        ? static_cast<std::size_t>(std::max(count, 0)) <= reader.Left() / BytesOfPoint
+                        : count == NumPoints();
+  if (count < 0 || !fits) RefusePoints(fItemType, count);
+  fPoints.resize(static_cast<std::size_t>(count));
+  for (TZORPto& point : fPoints) {
+    const std::size_t position = reader.Position();
+    point.bX = reader.ReadInt64();
+    point.bY = reader.ReadInt64();
+    CheckCoordinate(point.bX, position);
+    CheckCoordinate(point.bY, position);
+  }
+}
+
+void TKDXBaseItem::TakeIdentity(int aInID, std::string aID, TZORReadType aReadType) {
+  if (aReadType == rdPaste) {
+    aInID = fOwner->NextID();
+    aID = StartName(fItemType, aInID);
+  }
+  fOwner->ChangeIdentity(*this, aInID, std::move(aID));
+}
+
+// JSON --------------------------------------------------
+
+std::unique_ptr<TJsonObject> TKDXBaseItem::WriteJson() const {
+  auto json = std::make_unique<TJsonObject>();
+  json->Reserve(14);
+  json->PutInt("Type", fItemType);
+  json->PutString("TypeName", NameItem(fItemType));
+  json->PutInt("InID", fInID);
+  json->PutString("ID", fID);
+  json->PutInt("Layer", fOwner->LayerIdx(fLayer));
+  if (fItemType != itSymbol) {
+    json->PutInt("Angle", fAngle);
+    PutColor(*json, "Color", fColor);
+    PutLength(*json, "PenWidth", GetPenWidth());
+  }
+  TJsonObject& options = json->AddNewObject("Options");
+  options.Reserve(4);
+  for (const TOptionKey& row : OptionKeys) options.PutBool(row.key, fOptions.Has(row.option));
+  TJsonArray& points = json->AddNewArray("Points");
+  points.Reserve(NumPoints());
+  for (const TZORPto& point : fPoints) {
+    TJsonObject& pair = points.AddObject();
+    pair.Reserve(2);
+    PutLength(pair, "X", point.GetX(fOwner->fUnits));
+    PutLength(pair, "Y", point.GetY(fOwner->fUnits));
+  }
+  return json;
+}
+
+void TKDXBaseItem::ReadJson(int /*aVersion*/, TJsonObject& aJson) {
+  const int inID = aJson.GetInt("InID");
+  TakeIdentity(inID, aJson.GetString("ID"), rdNormal);
+  fLayer = fOwner->LayerAt(aJson.GetInt("Layer"));
+  if (fItemType != itSymbol) {
+    fAngle = GetEnum<TZORAngle>(aJson, "Angle");
+    fColor = Base::GetColor(aJson, "Color");
+    fPenWidth = GetLength(aJson, "PenWidth", unMM);
+  }
+  fOptions.Clear();
+  const TJsonObject& options = aJson.GetObject("Options");
+  for (const TOptionKey& row : OptionKeys) fOptions.Put(row.option, options.GetBool(row.key));
+  ReadJsonPoints(aJson.GetArray("Points"));
+}
+
+void TKDXBaseItem::ReadJsonPoints(TJsonArray& aPoints) {
+  if (HasFreePoints(fItemType)) fPoints.resize(static_cast<std::size_t>(aPoints.Count()));
+  const int count = std::min(aPoints.Count(), NumPoints());
+  for (int i = 0; i < count; ++i) {
+    const TJsonObject& pair = aPoints.GetObject(i);
+    fPoints[static_cast<std::size_t>(i)].SetBase(GetCoordinate(pair, "X", fOwner->fUnits),
+                                                 GetCoordinate(pair, "Y", fOwner->fUnits));
+  }
+}
+
+}  // namespace Zor::inline Base

@@ -1,0 +1,252 @@
+// Brackets, observers and notifications.
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+
+#include <algorithm>
+#include <array>
+
+#include "kaldrix/core/TKDXMeasure.hpp"
+
+namespace Zor::inline Base {
+
+namespace {
+
+/// The transient states that no bracket leaves behind.
+constexpr TKaldrixStateOptions BracketStates{lsNoPaint, lsUpdate, lsUpdateMeasure, lsCalc};
+
+/// Which kinds of observer a change is meant for.
+enum TAudience : std::uint8_t { toNobody = 0, toEditor = 1, toInspector = 2, toPreview = 4 };
+
+/// By ordinal of TZOChange.
+constexpr std::array<std::uint8_t, 21> Audiences{
+    toEditor,                // chLabelDef
+    toEditor,                // chBackSurf
+    toEditor,                // chAligns
+    toEditor | toPreview,    // chMeasure
+    toEditor | toInspector,  // chPropItem
+    toEditor,                // chUnits
+    toEditor | toPreview,    // chPaint
+    toEditor | toPreview,    // chDraw
+    toEditor | toInspector,  // chSelect
+    toEditor | toInspector,  // chScrollSelect
+    toEditor,                // chClearSelect
+    toEditor,                // chCursor
+    toEditor,                // chSelCur
+    toInspector,             // chInspect
+    toInspector,             // chEditInspect
+    toNobody,                // chEndInspect
+    toInspector,             // chInspectPoint
+    toEditor | toInspector,  // chText
+    toEditor | toInspector,  // chChText
+    toEditor,                // chPickSel
+    toEditor,                // chSelSymbol
+};
+static_assert(Audiences.size() == chSelSymbol + 1);
+
+std::uint8_t KindBit(TZODestUpdate aKind) {
+  switch (aKind) {
+    case duEditor:
+      return toEditor;
+    case duInspector:
+      return toInspector;
+    case duPreview:
+      return toPreview;
+    default:
+      return toNobody;
+  }
+}
+
+}  // namespace
+
+// Update bracket --------------------------------------------------
+
+void TKDXBaseLabel::BeginUpdate(bool aPaintOnEnd) {
+  fUpdate = false;
+  fStates.Add(lsUpdating);
+  if (!aPaintOnEnd) fStates.Add(lsNoPaint);
+  fIncUnReID = false;
+}
+
+void TKDXBaseLabel::EndUpdate() {
+  ++fUnReID;
+  fIncUnReID = true;
+  CalcPending();
+  fUpdate = true;
+  FillSelPoints();
+  fStates.Remove(lsUpdating);
+  CloseBracket();
+}
+
+void TKDXBaseLabel::CloseBracket() {
+  fUpdate = true;
+  if (fStates.Has(lsUpdateMeasure)) {
+    ChangeValue(chMeasure);
+  } else if (fStates.Has(lsUpdate) && !fStates.Has(lsNoPaint)) {
+    ChangeValue(chPaint);
+  }
+  fUpdate = false;
+  fStates = fStates - BracketStates;
+}
+
+void TKDXBaseLabel::EndUpdateSelection() {
+  fUpdate = true;
+  fModified = false;
+  FillSelPoints();
+  if (GetTextObject() != nullptr && fSelection.size() == 1) return ChangeValue(chChText);
+  ChangeValue(chSelect);
+  ChangeValue(chPaint);
+}
+
+void TKDXBaseLabel::BeginRead(bool aPaste) {
+  if (!aPaste) {
+    fMaxID = 1;
+    Clear({cleAll}, true);
+  }
+  fUndoOpt = fOptions.Has(loUndoRedo);
+  if (aPaste) fStates.Add(lsPaste);
+  fStates = fStates + TKaldrixStateOptions{lsUpdating, lsReading, lsUpdateMeasure};
+  if (fUndoOpt) fOptions.Remove(loUndoRedo);
+  BeginUpdate(true);
+}
+
+void TKDXBaseLabel::EndRead(bool aUnits) {
+  fIncUnReID = true;
+  if (!fStates.Has(lsPaste)) ++fMaxID;
+  fStates = fStates - TKaldrixStateOptions{lsPaste, lsUpdating, lsReading};
+  for (TKDXBaseItem* item : fItems) item->ResolveReferences();
+  CalcPending();
+  SortItemsZLayer();
+  CheckBackLayer();
+  CheckIntersetions();
+  fModified = false;
+  if (fUndoOpt) fOptions.Add(loUndoRedo);
+  if (aUnits) ChangeValue(chUnits);
+  CloseBracket();
+}
+
+void TKDXBaseLabel::ChangeState(TKaldrixState aState, TKDXBaseItem* aItem) {
+  fStates.Add(lsModified);
+  switch (aState) {
+    case lsUpdate:
+      fUpdate ? ChangeValue(chPaint) : fStates.Add(lsUpdate);
+      break;
+    case lsUpdateMeasure:
+      fUpdate ? ChangeValue(chMeasure) : fStates.Add(lsUpdateMeasure);
+      break;
+    case lsCalc:
+      fStates.Add(lsUpdate);
+      if (fUpdate) {
+        aItem->CalcValues(2);
+        ChangeValue(chPaint);
+      } else {
+        Defer(*aItem);
+        fStates.Add(lsCalc);
+      }
+      break;
+    case lsCalcNoUpdate:
+      aItem->CalcValues(2);
+      break;
+    default:
+      break;
+  }
+}
+
+void TKDXBaseLabel::Defer(TKDXBaseItem& aItem) {
+  if (aItem.fPending) return;
+  aItem.fPending = true;
+  fCalcs.push_back(&aItem);
+}
+
+void TKDXBaseLabel::CalcPending() {
+  const std::vector<TKDXBaseItem*> pending = std::move(fCalcs);
+  fCalcs.clear();
+  for (TKDXBaseItem* item : pending) {
+    if (item != nullptr) item->fPending = false;
+  }
+  for (TKDXBaseItem* item : pending) {
+    if (item != nullptr) item->CalcValues(2);
+  }
+}
+
+void TKDXBaseLabel::Refresh() {
+  PaintEditor();
+  fUpdate = false;
+}
+
+void TKDXBaseLabel::PaintEditor() {
+  fUpdate = true;
+  ChangeValue(chPaint);
+}
+
+void TKDXBaseLabel::UpdateEditing(bool aFill) {
+  ChangeValue(chPropItem);
+  if (aFill) FillSelPoints();
+}
+
+// Observers --------------------------------------------------
+
+void TKDXBaseLabel::Attach(IZOObserver* aObserver) {
+  if (aObserver == nullptr || std::find(fObservers.begin(), fObservers.end(), aObserver) != fObservers.end())
+    return;
+  fObservers.push_back(aObserver);
+  if (aObserver->Destination() != duEditor) return;
+  fConEditors = true;
+  aObserver->Update(chLabelDef, GetChangedValue(chLabelDef));
+}
+
+void TKDXBaseLabel::Detach(IZOObserver* aObserver) {
+  std::erase(fObservers, aObserver);
+  fConEditors = std::any_of(fObservers.begin(), fObservers.end(),
+                            [](IZOObserver* observer) { return observer->Destination() == duEditor; });
+}
+
+void TKDXBaseLabel::ChangeValue(TZOChange aChange) {
+  if (aChange == chMeasure && fStates.Has(lsUpdating)) {
+    fStates.Add(lsUpdateMeasure);
+    return;
+  }
+  if (!fObservers.empty()) Send(aChange, GetChangedValue(aChange));
+}
+
+void TKDXBaseLabel::Send(TZOChange aChange, const TZOChangeValue& aValue) {
+  std::uint8_t audience = Audiences[aChange];
+  if (aChange == chScrollSelect && fEditorMode == emInteractive) audience = toEditor;
+  // By index: an observer may detach itself, or attach another, while it is told.
+  for (std::size_t i = 0; i < fObservers.size(); ++i) {
+    IZOObserver* observer = fObservers[i];
+    if ((audience & KindBit(observer->Destination())) != 0) observer->Update(aChange, aValue);
+  }
+}
+
+TZOChangeValue TKDXBaseLabel::GetChangedValue(TZOChange aChange) const {
+  TZOChangeValue value;
+  switch (aChange) {
+    case chLabelDef:
+    case chMeasure:
+      value.fInt1 = fMeasure->fWidth;
+      value.fInt2 = fMeasure->fHeight;
+      break;
+    case chBackSurf:
+    case chAligns:
+      value.fInt1 = value.fInt2 = -1;
+      break;
+    case chUnits:
+      value.fInt1 = value.fInt2 = fUnits;
+      break;
+    case chPaint:
+      value.fInt1 = value.fInt2 = fUpdate ? 1 : 0;
+      break;
+    case chEditInspect:
+      value = fChangeVal;
+      break;
+    default:
+      break;
+  }
+  return value;
+}
+
+void TKDXBaseLabel::FireInfoEvent(bool aNotify) {
+  if (fOnInfoMsg) fOnInfoMsg(this, fInfo.aAction, fInfo.sState);
+  if (aNotify) ChangeValue(chInspectPoint);
+}
+
+}  // namespace Zor::inline Base

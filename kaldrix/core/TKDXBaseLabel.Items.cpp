@@ -1,0 +1,188 @@
+// Items and their identities.
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+
+#include <algorithm>
+
+#include "kaldrix/core/Commands.hpp"
+#include "kaldrix/core/TKDXBaseLibSymbol.hpp"
+#include "kaldrix/platform/Utf8.hpp"
+
+namespace Zor::inline Base {
+
+// Coming and going --------------------------------------------------
+
+void TKDXBaseLabel::Enlist(TKDXBaseItem& aItem, bool aPreview) {
+  aItem.fListed = true;
+  if (aPreview) {
+    fPreview.Adopt(&aItem);
+    return;
+  }
+  fItems.Adopt(&aItem);
+  fIndex.Add(aItem);
+  fModified = true;
+}
+
+void TKDXBaseLabel::Forget(TKDXBaseItem& aItem) {
+  aItem.fListed = false;
+  if (aItem.fPending) std::replace(fCalcs.begin(), fCalcs.end(), &aItem, static_cast<TKDXBaseItem*>(nullptr));
+  if (aItem.fFromPreview) return fPreview.Extract(&aItem);
+  if (aItem.fState != isNormal) {
+    std::erase(fSelection, &aItem);
+    std::erase(fLinks, &aItem);
+  }
+  fIndex.Remove(aItem);
+  fItems.Extract(&aItem);
+}
+
+void TKDXBaseLabel::Free(TKDXBaseItem& aItem) {
+  Forget(aItem);
+  delete &aItem;
+}
+
+void TKDXBaseLabel::FreeAll(TOwnedList<TKDXBaseItem>& aList) {
+  if (&aList == &fItems) {
+    fIndex.Clear();
+    fCalcs.clear();
+  }
+  for (TKDXBaseItem* item : aList) item->fListed = false;
+  aList.Clear();
+}
+
+void TKDXBaseLabel::ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID) {
+  const int former = aItem.fInID;
+  if (!aItem.fFromPreview) fIndex.BeforeChange(aItem);
+  aItem.fInID = aInID;
+  aItem.fID = std::move(aID);
+  if (!aItem.fFromPreview) fIndex.AfterChange(aItem);
+  fMaxID = std::max(fMaxID, aInID);
+  // The command that recorded the item's creation knows it by the identity that it had then.
+  TKDXCmd* top = ActiveStack().Top();
+  if (top != nullptr && top->fKind == TKDXCreateCmd::Kind && top->fID == former) top->fID = aInID;
+}
+
+// Looking up --------------------------------------------------
+
+TKDXBaseItem* TKDXBaseLabel::GetItem(int aIndex) const {
+  return aIndex < 1 || aIndex > fItems.Count() ? nullptr : fItems[aIndex - 1];
+}
+
+TKDXBaseItem* TKDXBaseLabel::SearchItem(int aID, bool aScrollToView) {
+  TKDXBaseItem* item = fIndex.Find(aID);
+  if (item != nullptr && aScrollToView) ScrollItem(item);
+  return item;
+}
+
+TKDXBaseItem* TKDXBaseLabel::SearchItem(const std::string& aID, bool aScrollToView) {
+  TKDXBaseItem* item = FindName(aID);
+  if (item != nullptr && aScrollToView) ScrollItem(item);
+  return item;
+}
+
+TKDXBaseItem* TKDXBaseLabel::FindName(std::string_view aID) {
+  if (!fIndex.MayRepeat(aID, nullptr)) return nullptr;
+  const auto found = std::find_if(fItems.begin(), fItems.end(),
+                                  [aID](const TKDXBaseItem* item) { return SameText(item->fID, aID); });
+  return found == fItems.end() ? nullptr : *found;
+}
+
+TKDXBaseItem* TKDXBaseLabel::ElementByID(const std::string& aID, bool aSelect) {
+  TKDXBaseItem* item = FindName(aID);
+  if (item == nullptr || !aSelect) return item;
+  ClearSelection(false);
+  AddToSelection(*item, false);
+  if (fEditorMode != emInteractive) FillSelPoints();
+  ChangeValue(chSelect);
+  return item;
+}
+
+bool TKDXBaseLabel::RepeatID(std::string_view aID, const TKDXBaseItem* aItem) {
+  if (!fIndex.MayRepeat(aID, aItem)) return false;
+  const std::string_view name = Trim(aID);
+  return std::any_of(fItems.begin(), fItems.end(), [&](const TKDXBaseItem* item) {
+    return item != aItem && SameText(Trim(item->fID), name);
+  });
+}
+
+// Deleting --------------------------------------------------
+
+void TKDXBaseLabel::DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection) {
+  for (std::size_t i = fLinks.size(); i > 0; --i) {
+    TKDXBaseItem* link = fLinks[i - 1];
+    if (!link->IsAttachedTo(aNode.InternalID())) continue;
+    fLinks.erase(fLinks.begin() + static_cast<std::ptrdiff_t>(i - 1));
+    if (aRemoveSelection) std::erase(fSelection, link);
+    Free(*link);
+  }
+}
+
+void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
+  if (aItem == nullptr) return;
+  if (!fLinks.empty()) {
+    if (const auto* node = dynamic_cast<const IZORLink*>(aItem)) DeleteAttachedLinks(*node, aRemoveSelection);
+  }
+  if (aRemoveSelection && Selected(*aItem)) {
+    std::erase(fSelection, aItem);
+    aItem->fState = isNormal;
+    ChangeValue(chSelect);
+  }
+  if (!aItem->fListed || aItem->fFromPreview) return;
+  TKDXDeleteCmd::AddCommand(*aItem);
+  Free(*aItem);
+  fModified = true;
+}
+
+void TKDXBaseLabel::DeleteSelection() {
+  const std::vector<TKDXBaseItem*> doomed = fSelection;
+  for (std::size_t i = doomed.size(); i > 0; --i) {
+    TKDXBaseItem* item = doomed[i - 1];
+    if (!fLinks.empty()) {
+      if (const auto* node = dynamic_cast<const IZORLink*>(item)) DeleteAttachedLinks(*node, false);
+    }
+    TKDXDeleteCmd::AddCommand(*item);
+  }
+  ClearSelection(true);
+  FreeMany(doomed);
+}
+
+void TKDXBaseLabel::FreeMany(const std::vector<TKDXBaseItem*>& aItems) {
+  if (aItems.empty()) return;
+  for (TKDXBaseItem* item : aItems) {
+    item->fListed = false;
+    fIndex.Remove(*item);
+  }
+  const auto gone = [](const TKDXBaseItem* item) { return item == nullptr || !item->fListed; };
+  fItems.ExtractIf(gone);
+  std::erase_if(fCalcs, gone);
+  for (TKDXBaseItem* item : aItems) delete item;
+  fModified = true;
+}
+
+void TKDXBaseLabel::CleanLibray() {
+  for (TKDXBaseLibSymbol* symbol : fSymbols) symbol->fUsed = false;
+  for (const TKDXBaseItem* item : fItems) item->MarkSymbolInUse();
+  std::vector<TKDXBaseLibSymbol*> unused;
+  for (int i = 1; i < fSymbols.Count(); ++i) {
+    if (!fSymbols[i]->fUsed) unused.push_back(fSymbols[i]);
+  }
+  for (TKDXBaseLibSymbol* symbol : unused) fSymbols.Delete(symbol);
+}
+
+// Z-order --------------------------------------------------
+
+void TKDXBaseLabel::SendToBack() {
+  if (fSelection.empty() || fItems.Count() < 2 || fItems.First() == fSelection.front()) return;
+  BeginUpdate(true);
+  fItems.Move(fItems.IndexOf(fSelection.front()), 0);
+  fStates.Add(lsUpdate);
+  EndUpdate();
+}
+
+void TKDXBaseLabel::BringToFront() {
+  if (fSelection.empty() || fItems.Count() < 2 || fItems.Last() == fSelection.front()) return;
+  BeginUpdate(true);
+  fItems.Move(fItems.IndexOf(fSelection.front()), fItems.Count() - 1);
+  fStates.Add(lsUpdate);
+  EndUpdate();
+}
+
+}  // namespace Zor::inline Base

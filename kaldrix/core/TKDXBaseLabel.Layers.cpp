@@ -1,0 +1,163 @@
+// Layers, dimension styles, the box layer, and the rotation of the document.
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+
+#include <algorithm>
+
+#include "kaldrix/core/TKDXBackSurf.hpp"
+#include "kaldrix/core/TKDXDimStyle.hpp"
+#include "kaldrix/core/TKDXLayer.hpp"
+#include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/messages/ZOR.Msg.hpp"
+#include "kaldrix/platform/Utf8.hpp"
+
+namespace Zor::inline Base {
+
+TKDXLayer& TKDXBaseLabel::GetLayer(int aIndex) const { return *LayerAt(aIndex - 1); }
+
+TKDXLayer* TKDXBaseLabel::LayerAt(int aIndex) const {
+  return aIndex < 0 || aIndex >= fLayers.Count() ? fLayers.First() : fLayers[aIndex];
+}
+
+TKDXLayer& TKDXBaseLabel::AddLayer() {
+  auto* layer = new TKDXLayer(this);
+  layer->fName = TKDXMsg::GetInfoValue("NewLayer");
+  return *layer;
+}
+
+int TKDXBaseLabel::LayerIdx(const TKDXLayer* aLayer) const {
+  const auto found = std::find(fLayers.begin(), fLayers.end(), aLayer);
+  return found == fLayers.end() ? -1 : static_cast<int>(found - fLayers.begin());
+}
+
+bool TKDXBaseLabel::ExchangeLayers(int aIdx1, int aIdx2) {
+  const auto movable = [this](int aIndex) { return aIndex >= 2 && aIndex <= fLayers.Count(); };
+  if (!movable(aIdx1) || !movable(aIdx2)) return false;
+  fLayers.Exchange(aIdx1 - 1, aIdx2 - 1);
+  SortItemsZLayer();
+  CheckBackLayer();
+  return true;
+}
+
+bool TKDXBaseLabel::SetActiveLayer(int aIdx) {
+  if (aIdx < 1 || aIdx > fLayers.Count() || aIdx - 1 == fActiveLayer) return false;
+  fActiveLayer = aIdx - 1;
+  return true;
+}
+
+bool TKDXBaseLabel::DeleteLayer(int aIdx) {
+  if (aIdx < 2 || aIdx > fLayers.Count()) return false;
+  TKDXLayer* layer = fLayers[aIdx - 1];
+  for (TKDXBaseItem* item : fItems) {
+    if (item->fLayer == layer) item->fLayer = fLayers.First();
+  }
+  if (fActiveLayer == aIdx - 1) {
+    fActiveLayer = 0;
+  } else if (fActiveLayer > aIdx - 1) {
+    --fActiveLayer;
+  }
+  fLayers.Delete(layer);
+  SortItemsZLayer();
+  CheckBackLayer();
+  fModified = true;
+  return true;
+}
+
+std::vector<std::string> TKDXBaseLabel::GetLayersNames() const {
+  std::vector<std::string> names;
+  for (const TKDXLayer* layer : fLayers) names.push_back(layer->fName);
+  return names;
+}
+
+void TKDXBaseLabel::SortItemsZLayer() {
+  if (!fLayerZOrder || fLayers.Count() < 2) return;
+  fItems.StableSort([this](const TKDXBaseItem* a, const TKDXBaseItem* b) {
+    return LayerIdx(a->fLayer) < LayerIdx(b->fLayer);
+  });
+}
+
+void TKDXBaseLabel::SetLayerZOrder(bool aValue) {
+  fLayerZOrder = aValue;
+  SortItemsZLayer();
+}
+
+void TKDXBaseLabel::CheckBackLayer() {
+  fIdxBack = -1;
+  for (int i = fLayers.Count(); i > 0; --i) {
+    const TZOLayerOpts options = fLayers[i - 1]->fOptions;
+    if (!options.Has(lopVisible) || !options.HasAny({lopImage, lopMap})) continue;
+    fIdxBack = i;
+    fNeedReadImg = true;
+    return;
+  }
+}
+
+bool TKDXBaseLabel::HasBackMargins() const {
+  if (fIdxBack <= 0) return false;
+  const TKDXLayer& layer = GetLayer(fIdxBack);
+  return std::max({layer.fImgMarLeft, layer.fImgMarTop, layer.fImgMarRight, layer.fImgMarBottom}) > 0;
+}
+
+// Dimension styles --------------------------------------------------
+
+TKDXDimStyle* TKDXBaseLabel::GetDimStyle(int aIndex) const {
+  return aIndex < 1 || aIndex > fDimStyles.Count() ? nullptr : fDimStyles[aIndex - 1];
+}
+
+TKDXDimStyle* TKDXBaseLabel::GetDimStyleById(int aId) const {
+  const auto found = std::find_if(fDimStyles.begin(), fDimStyles.end(),
+                                  [aId](const TKDXDimStyle* style) { return style->fID == aId; });
+  return found == fDimStyles.end() ? nullptr : *found;
+}
+
+int TKDXBaseLabel::DimIdx(const TKDXDimStyle* aStyle) const { return fDimStyles.IndexOf(aStyle); }
+
+bool TKDXBaseLabel::SetActiveDimStyle(int aIdx) {
+  if (aIdx < 0 || aIdx >= fDimStyles.Count() || aIdx == fActiveDimStyle) return false;
+  fActiveDimStyle = aIdx;
+  return true;
+}
+
+bool TKDXBaseLabel::SetActiveDimStyle(const std::string& aName) {
+  for (int i = 0; i < fDimStyles.Count(); ++i) {
+    if (SameText(fDimStyles[i]->fName, aName)) return SetActiveDimStyle(i);
+  }
+  return false;
+}
+
+bool TKDXBaseLabel::DeleteActiveDimStyle() {
+  TKDXDimStyle* style = GetDimStyle(fActiveDimStyle + 1);
+  if (style == nullptr) return false;
+  if (style->fID == 1) throw Exception(TKDXMsg::GetErrorValue("DelDefStyle"));
+  for (TKDXBaseItem* item : fItems) item->ReplaceDimStyle(*style, *fDimStyles.First());
+  fDimStyles.Delete(style);
+  fActiveDimStyle = 0;
+  fModified = true;
+  return true;
+}
+
+std::vector<std::string> TKDXBaseLabel::GetDimStylesNames() const {
+  std::vector<std::string> names;
+  for (const TKDXDimStyle* style : fDimStyles) names.push_back(style->fName);
+  return names;
+}
+
+// Rotation --------------------------------------------------
+
+void TKDXBaseLabel::RotateLeft() { Rotate(1, &TKDXBaseItem::RotateLeft); }
+void TKDXBaseLabel::RotateRight() { Rotate(-1, &TKDXBaseItem::RotateRight); }
+
+void TKDXBaseLabel::Rotate(int aStep, void (TKDXBaseItem::*aTurn)()) {
+  if (fEditorMode != emLabelling) return;
+  fAngle = static_cast<TZORAngle>((fAngle + aStep + 4) % 4);
+  BeginUpdate(true);
+  std::swap(fMeasure->fPaperWidth, fMeasure->fPaperHeight);
+  std::swap(fMeasure->fWidth, fMeasure->fHeight);
+  for (TKDXBaseItem* item : fItems) (item->*aTurn)();
+  if (!fSelection.empty()) FillSelPoints();
+  fModified = true;
+  fStates.Add(lsModified);
+  EndUpdate();
+  if (fOnLabelRotate) fOnLabelRotate(this);
+}
+
+}  // namespace Zor::inline Base

@@ -1,0 +1,84 @@
+// The selection.
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+
+#include <algorithm>
+
+#include "kaldrix/core/TKDXLayer.hpp"
+
+namespace Zor::inline Base {
+
+void TKDXBaseLabel::AddToSelection(TKDXBaseItem& aItem, bool aNotify) {
+  aItem.fState = isSelected;
+  fSelection.push_back(&aItem);
+  if (fOnSelectItem) fOnSelectItem(this, &aItem);
+  if (aNotify) ChangeValue(chSelect);
+}
+
+void TKDXBaseLabel::TakeOnly(TKDXBaseItem& aItem, TZORItemState aState) {
+  ClearSelection(false);
+  aItem.fState = aState;
+  fSelection.push_back(&aItem);
+  if (fOnSelectItem) fOnSelectItem(this, &aItem);
+}
+
+void TKDXBaseLabel::SetSelection(TKDXBaseItem* aItem, TZORItemState aState) {
+  if (aItem == nullptr) return;
+  TakeOnly(*aItem, aState);
+  FillSelPoints();
+  ChangeValue(GetTextObject() != nullptr ? chChText : chSelect);
+}
+
+void TKDXBaseLabel::ScrollItem(TKDXBaseItem* aItem) {
+  if (aItem == nullptr) return;
+  TakeOnly(*aItem, isSelected);
+  if (fEditorMode != emInteractive) FillSelPoints();
+  ChangeValue(chScrollSelect);
+}
+
+void TKDXBaseLabel::ClearSelection(bool aNotify) {
+  const std::vector<TKDXBaseItem*> former = fSelection;
+  ClearSelectionSilently();
+  if (fOnUnSelectItem) {
+    for (TKDXBaseItem* item : former) fOnUnSelectItem(this, item);
+  }
+  if (aNotify) ChangeValue(chSelect);
+}
+
+void TKDXBaseLabel::ClearSelectionSilently() {
+  for (TKDXBaseItem* item : fSelection) item->fState = isNormal;
+  for (TKDXBaseItem* link : fLinks) link->fState = isNormal;
+  fSelection.clear();
+  fLinks.clear();
+}
+
+TKDXBaseItem* TKDXBaseLabel::GetSelection(int aIndex) const {
+  return aIndex < 1 || aIndex > static_cast<int>(fSelection.size())
+             ? nullptr
+             : fSelection[static_cast<std::size_t>(aIndex - 1)];
+}
+
+bool TKDXBaseLabel::IsInSelection(int aInID) const {
+  return std::any_of(fSelection.begin(), fSelection.end(),
+                     [aInID](const TKDXBaseItem* item) { return item->fInID == aInID; });
+}
+
+bool TKDXBaseLabel::SelectNext() { return SelectNeighbour(1); }
+bool TKDXBaseLabel::SelectPrior() { return SelectNeighbour(-1); }
+
+bool TKDXBaseLabel::SelectNeighbour(int aStep) {
+  if (fSelection.empty() || fItems.Count() < 2) return false;
+  for (int i = fItems.IndexOf(fSelection.front()) + aStep; i >= 0 && i < fItems.Count(); i += aStep) {
+    if (!fItems[i]->Shows(lopVisible) || !fItems[i]->Shows(lopSelectable)) continue;
+    SetSelection(fItems[i], isSelected);
+    return true;
+  }
+  return false;
+}
+
+IZORText* TKDXBaseLabel::GetTextObject() const {
+  TKDXBaseItem* item = Select();
+  if (item == nullptr || (item->fItemType != itText && item->fItemType != itRichText)) return nullptr;
+  return dynamic_cast<IZORText*>(item);
+}
+
+}  // namespace Zor::inline Base

@@ -1,0 +1,105 @@
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+
+#include "kaldrix/core/Commands.hpp"
+#include "kaldrix/core/TKDXBackSurf.hpp"
+#include "kaldrix/core/TKDXBaseLibSymbol.hpp"
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/core/TKDXCounter.hpp"
+#include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/core/TKDXDimStyle.hpp"
+#include "kaldrix/core/TKDXLayer.hpp"
+#include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/core/TKDXSettings.hpp"
+#include "kaldrix/messages/ZOR.Msg.hpp"
+
+namespace Zor::inline Base {
+
+TKDXBaseLabel::TKDXBaseLabel(TComponent* aOwner) : TComponent(aOwner), fBackSurf(), fIndex(fItems) {
+  fPrintInfo = std::make_unique<TKDXBasePrintInfo>(this);
+  fData = std::make_unique<TKDXData>(this);
+  fMeasure = std::make_unique<TKDXMeasure>(this);
+  fBackSurf = std::make_unique<TKDXBackSurf>(this, true);
+  fSettings = std::make_unique<TKDXSettings>(this);
+  new TKDXLayer(this);
+  new TKDXDimStyle(this, TKDXMsg::GetPropValue("Default"));
+}
+
+TKDXBaseLabel::~TKDXBaseLabel() {
+  BeginDestruction();
+  fObservers.clear();
+  Clear({cleAll, cleBaseLayer, cleBaseStyle}, false);
+}
+
+void TKDXBaseLabel::New() {
+  Clear({cleAll}, true);
+  fMeasure->Reset();
+}
+
+void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
+  const auto takes = [aValue](TZORClear aPart) { return aValue.Has(cleAll) || aValue.Has(aPart); };
+  bool hadContent = false;
+  if (takes(cleUndoRedo)) {
+    fUnReID = 0;
+    fUndo.Clear();
+    fRedo.Clear();
+    if (!IsDestroying()) FireUndoRedoEvent();
+  }
+  if (takes(cleItems) || aValue.Has(cleSelection)) {
+    hadContent = !fSelection.empty();
+    ClearSelectionSilently();
+    if (!IsDestroying()) ChangeValue(chClearSelect);
+  }
+  if (takes(cleSymbols)) {
+    fSymbols.Clear();
+    fCurrentLibSym = nullptr;
+  }
+  if (takes(cleItems)) {
+    hadContent = hadContent || !fItems.IsEmpty();
+    fMaxID = 1;
+    FreeAll(fItems);
+  }
+  if (takes(clePreview)) FreeAll(fPreview);
+  if (aValue.Has(cleAll)) {
+    fData->fLinkData = false;
+    fData->fJson.clear();
+    fData->fCsvFileName.clear();
+    fCalcs.clear();
+  }
+  if (takes(cleLayers)) fLayers.Truncate(1);
+  if (aValue.Has(cleBaseLayer)) fLayers.Truncate(0);
+  if (takes(cleCounters)) fCounters.Clear();
+  if (takes(cleDimStyles)) fDimStyles.Truncate(1);
+  if (aValue.Has(cleBaseStyle)) fDimStyles.Truncate(0);
+  if (aValue.Has(cleValList)) fData->ClearListVal();
+  if (aValue.Has(cleAskList)) fData->ClearAskList();
+  fModified = false;
+  if (aPaint && hadContent) ChangeValue(chSelect);
+}
+
+void TKDXBaseLabel::Assign(const TPersistent& aSource) {
+  const auto* source = dynamic_cast<const TKDXBaseLabel*>(&aSource);
+  if (source == nullptr) return TComponent::Assign(aSource);
+  fOptions = source->fOptions;
+  fData->Assign(*source->fData);
+  fBackSurf->Assign(*source->fBackSurf);
+  fMeasure->Assign(*source->fMeasure);
+  fImageFolder = source->fImageFolder;
+  fOpenImgFolder = source->fOpenImgFolder;
+  fLibraryFolder = source->fLibraryFolder;
+}
+
+void TKDXBaseLabel::Loaded() {
+  TComponent::Loaded();
+  if (IsDesigning()) return;
+  if (!fLngFileName.empty()) TKDXMsg::LoadResources(fLngFileName);
+  fInfo = {};
+  FireInfoEvent(true);
+}
+
+void TKDXBaseLabel::Notification(TComponent& aComponent, TOperation aOperation) {
+  if (aOperation != TOperation::opRemove) return;
+  auto* observer = dynamic_cast<IZOObserver*>(&aComponent);
+  if (observer != nullptr) Detach(observer);
+}
+
+}  // namespace Zor::inline Base
