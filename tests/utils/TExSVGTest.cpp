@@ -26,7 +26,7 @@ TEST(TExSVG, GetValUnitByModeAndUnit) {
   struct TCase {
     TZORExportSVG Mode;
     double Value;
-    std::string MM, Inch, CM, Metre;
+    std::string MM, Inch, CM, Others;
   };
   const TCase cases[] = {
       {svCurrentUnit, 1.25, "1.3mm", "1.25in", "1.25cm", ""}, {svCurrentUnit, 1, "1mm", "1in", "1cm", ""},
@@ -38,7 +38,9 @@ TEST(TExSVG, GetValUnitByModeAndUnit) {
     EXPECT_EQ(TExSVG::GetValUnit(c.Value, 10, unMM, c.Mode), c.MM);
     EXPECT_EQ(TExSVG::GetValUnit(c.Value, 10, unINCH, c.Mode), c.Inch);
     EXPECT_EQ(TExSVG::GetValUnit(c.Value, 10, unCM, c.Mode), c.CM);
-    EXPECT_EQ(TExSVG::GetValUnit(c.Value, 10, unM, c.Mode), c.Metre);
+    for (const TZORUnits other : {unDM, unM, unFt, unYd}) {
+      EXPECT_EQ(TExSVG::GetValUnit(c.Value, 10, other, c.Mode), c.Others);
+    }
   }
 }
 
