@@ -15,7 +15,7 @@ class TKDXBaseLabel;
 /// What lies behind all items of a document, and the align marks.
 class TKDXBackSurf final : public TPersistent {
  public:
-  TKDXBackSurf(TKDXBaseLabel& aOwner, bool aCreateImage) : fOwner(&aOwner), fCreateImage(aCreateImage) {}
+  TKDXBackSurf(TKDXBaseLabel* aOwner, bool aCreateImage) : fOwner(aOwner), fCreateImage(aCreateImage) {}
 
   void Assign(const TPersistent& aSource) override;
 

@@ -16,7 +16,7 @@ class TKDXBaseLabel;
 /// What a print run covers and how far it has come. Sizes are base points.
 class TKDXBasePrintInfo final : public TPersistent {
  public:
-  explicit TKDXBasePrintInfo(TKDXBaseLabel& aOwner) : fOwner(&aOwner) {}
+  explicit TKDXBasePrintInfo(TKDXBaseLabel* aOwner) : fOwner(aOwner) {}
 
   void Assign(const TPersistent& aSource) override;
 

@@ -16,7 +16,7 @@ class TKDXBaseLabel;
 class TKDXCounter final : public TPersistent {
  public:
   /// Enters the document's list at its end.
-  explicit TKDXCounter(TKDXBaseLabel& aOwner);
+  explicit TKDXCounter(TKDXBaseLabel* aOwner);
 
   // The walk
   // ----------------------------------------------------------------------------------------------------

@@ -47,7 +47,7 @@ struct TZOCsvField {
 /// How a document is bound to data: which source, its description, value lists and questions.
 class TKDXData final : public TPersistent {
  public:
-  explicit TKDXData(TKDXBaseLabel& aOwner) : fOwner(&aOwner) {}
+  explicit TKDXData(TKDXBaseLabel* aOwner) : fOwner(aOwner) {}
 
   void Assign(const TPersistent& aSource) override;
 
@@ -110,8 +110,8 @@ class TKDXData final : public TPersistent {
   void Record(TRecord& r);
   void RecordCsvFields(TRecord& r);
   void RecordLists(TRecord& r);
-  void WriteJsonCsvFields(TJsonObject& aJson) const;
-  void ReadJsonCsvFields(TJsonObject& aJson);
+  void WriteJsonCsvFields(TJsonArray& aArray) const;
+  void ReadJsonCsvFields(TJsonArray& aArray);
   void WriteJsonLists(TJsonObject& aJson) const;
   void ReadJsonLists(int aVersion, TJsonObject& aJson);
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 
@@ -17,9 +18,11 @@ class TKDXBaseLabel;
 /// inside the limits that the fields tell.
 class TKDXDimStyle final : public TPersistent {
  public:
-  /// Enters the document's list at its end. Without `aAssignId` the identity is left to a reader.
-  TKDXDimStyle(TKDXBaseLabel& aOwner, bool aAssignId);
-  TKDXDimStyle(TKDXBaseLabel& aOwner, const std::string& aName);
+  /// Enters the document's list at its end, with an identity of its own.
+  TKDXDimStyle(TKDXBaseLabel* aOwner, const std::string& aName) : TKDXDimStyle(aOwner, aName, true) {}
+  /// Without `aAssignId` the identity is left to a reader. Takes a bool only, so that a literal is a name.
+  TKDXDimStyle(TKDXBaseLabel* aOwner, std::same_as<bool> auto aAssignId)
+      : TKDXDimStyle(aOwner, {}, aAssignId) {}
 
   /// Takes all but the identity.
   void Assign(const TPersistent& aSource) override;
@@ -109,7 +112,7 @@ class TKDXDimStyle final : public TPersistent {
  private:
   static constexpr TAlphaColor StartColor = 0xFF808080;
 
-  TKDXDimStyle(TKDXBaseLabel& aOwner, const std::string& aName, bool aAssignId);
+  TKDXDimStyle(TKDXBaseLabel* aOwner, const std::string& aName, bool aAssignId);
 
   template <class T>
   void Change(T& aField, const T& aValue) {
@@ -117,6 +120,7 @@ class TKDXDimStyle final : public TPersistent {
     aField = aValue;
     fChanged = true;
   }
+  bool IsIdTaken(int aId) const;
   void TakeHeadSize(int aBase);
   void TakeDimPenWidth(int aBase);
   void TakeExtPenWidth(int aBase);
@@ -127,7 +131,7 @@ class TKDXDimStyle final : public TPersistent {
 
   void Record(TRecord& r);
   void WriteJsonFont(TJsonObject& aJson) const;
-  void ReadJsonFont(TJsonObject& aJson);
+  void ReadJsonFont(TJsonObject& aFont);
 };
 
 }  // namespace Zor::inline Base

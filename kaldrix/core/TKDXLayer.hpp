@@ -19,9 +19,9 @@ class TKDXBaseLabel;
 class TKDXLayer final : public TPersistent {
  public:
   /// Enters the document's list at its end, under the catalogue's name for a default layer.
-  explicit TKDXLayer(TKDXBaseLabel& aOwner);
+  explicit TKDXLayer(TKDXBaseLabel* aOwner);
   /// Intended: the colours are not taken; a layer starts black on white.
-  TKDXLayer(TKDXBaseLabel& aOwner, const std::string& aName, TAlphaColor aColor = ColorBlack,
+  TKDXLayer(TKDXBaseLabel* aOwner, const std::string& aName, TAlphaColor aColor = ColorBlack,
             TAlphaColor aBackColor = ColorWhite);
 
   /// Takes all but strikeout, image type and image bytes.
@@ -106,16 +106,15 @@ class TKDXLayer final : public TPersistent {
   template <class TAction>
   void ForItems(TAction aAction);
   void SetImgMargin(int& aField, int aBase, int aSide);
-  void CopyImageFile(const std::string& aFrom, const std::string& aTo) const;
 
   void Record(TRecord& r);
   void RecordImage(TRecord& r);
   void RecordMap(TRecord& r);
   void RecordBytes(TRecord& r);
-  void WriteJsonImage(TJsonObject& aJson) const;
-  void ReadJsonImage(TJsonObject& aJson);
-  void WriteJsonMargins(TJsonObject& aJson) const;
-  void ReadJsonMargins(TJsonObject& aJson);
+  void WriteJsonFont(TJsonObject& aFont) const;
+  void ReadJsonFont(TJsonObject& aFont);
+  void WriteJsonBack(TJsonObject& aJson, bool aMap) const;
+  void ReadJsonBack(const TJsonObject& aJson, bool aMap);
 };
 
 }  // namespace Zor::inline Base

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "kaldrix/core/TComponent.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
@@ -25,8 +26,10 @@ class TKDXMeasure final : public TPersistent {
   static constexpr int LeastSize = 5000;
   /// How far a margin may be negative.
   static constexpr int LeastMargin = -5000;
+  /// The format version from which the drawing scale is stored in 64 bits.
+  static constexpr int WideScaleVersion = 3200;
 
-  explicit TKDXMeasure(TKDXBaseLabel& aOwner);
+  explicit TKDXMeasure(TKDXBaseLabel* aOwner);
 
   /// Names, titles, shape, scale and number format as in a new document; sizes stay.
   void Reset();
@@ -155,10 +158,14 @@ class TKDXMeasure final : public TPersistent {
   void TakePaperHeight(int aBase);
   void TakeInnerCircle(int aBase);
   void TakeHeld(int& aField, int aValue, int aLeast);
-  void TakeNamedPaper();
+  void TakeSpace(int& aField, Single& aLoaded, Single aValue, int aLeast);
+  void TakeNamedPaper(const std::string& aName);
 
   void Record(TRecord& r);
   std::string ScaleFault() const;
+  int JsonBase(const TJsonObject& aJson, std::string_view aKey) const;
+  void WriteJsonTitles(TJsonObject& aJson) const;
+  void ReadJsonTitles(const TJsonObject& aJson);
   void ReadJsonSizes(TJsonObject& aJson);
   void ReadJsonScale(const TJsonObject& aJson);
 };

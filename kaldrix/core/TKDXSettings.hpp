@@ -12,7 +12,7 @@ class TKDXBaseLabel;
 /// What new terminators and links of a document start with. Sizes are base points of paper.
 class TKDXSettings final : public TPersistent {
  public:
-  explicit TKDXSettings(TKDXBaseLabel& aOwner) : fOwner(&aOwner) {}
+  explicit TKDXSettings(TKDXBaseLabel* aOwner) : fOwner(aOwner) {}
 
   void Assign(const TPersistent& aSource) override;
 
