@@ -41,10 +41,17 @@ inline constexpr double BaseInInch = 25400.0;
 
 namespace Zor::inline Utils {
 
+/// A length that a user entered, as base points: Round, but for short lengths after a step through single
+/// precision, so that a decimal half such as 0.0005 mm counts as the half that it stands for.
+inline Int64 RoundLength(double aBase) {
+  constexpr double fineLimit = 16384;  // base points below which a single still tells thousandths
+  return Round(std::fabs(aBase) < fineLimit ? static_cast<double>(static_cast<Single>(aBase)) : aBase);
+}
+
 /// Base points to millimetres of the drawn object.
 inline Single GetBaseValue(Int64 aBase) { return static_cast<Single>(static_cast<double>(aBase) / BaseInMM); }
 /// Millimetres of the drawn object to base points.
-inline Int64 SetBaseValue(Single aMM) { return Round(static_cast<double>(aMM) * BaseInMM); }
+inline Int64 SetBaseValue(Single aMM) { return RoundLength(static_cast<double>(aMM) * BaseInMM); }
 
 /// Base points to `aUnit`.
 inline Single GetValue(Int64 aBase, TZORUnits aUnit) {
@@ -52,7 +59,7 @@ inline Single GetValue(Int64 aBase, TZORUnits aUnit) {
 }
 /// `aUnit` to base points.
 inline Int64 SetValue(Single aValue, TZORUnits aUnit) {
-  return Round(static_cast<double>(aValue) * UnitFacts(aUnit).basePoints);
+  return RoundLength(static_cast<double>(aValue) * UnitFacts(aUnit).basePoints);
 }
 
 /// The unit's symbol; with `aRestric` "mm" for the restricted units.
