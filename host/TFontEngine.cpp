@@ -1,5 +1,6 @@
 #include "host/TFontEngine.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 #include "host/TShaper.hpp"
@@ -78,7 +79,9 @@ std::vector<TTextLine> TFontEngine::BreakLines(std::string_view text, const TFon
         line.width = Measure(paragraph.substr(line.start, line.length), font).width;
       else
         line.width *= height;
-      line.start += start;
+      // Bytes that were no text have grown: what stands behind them is held inside the text.
+      line.start = std::min(start + line.start, end);
+      line.length = std::min(line.length, end - line.start);
       lines.push_back(line);
     }
     if (end == text.size()) return lines;
