@@ -89,6 +89,17 @@ void TKDXBaseLabel::ReadData(TBinaryReader& bR) {
   CheckActive();
 }
 
+TKDXBaseItem& TKDXBaseLabel::ReadItem(int aVersion, TBinaryReader& bR, TZORReadType aReadType) {
+  TKDXBaseItem& item = MakeStoredItem(bR.ReadInt32());
+  try {
+    item.ReadData(aVersion, bR, aReadType);
+  } catch (...) {
+    Free(item);
+    throw;
+  }
+  return item;
+}
+
 void TKDXBaseLabel::CopySelection() {
   fMemCopy.clear();
   TBinaryWriter writer(fMemCopy);

@@ -5,6 +5,7 @@
 
 #include "kaldrix/core/Commands.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Base {
@@ -46,6 +47,16 @@ void TKDXBaseLabel::FreeAll(TOwnedList<TKDXBaseItem>& aList) {
   }
   for (TKDXBaseItem* item : aList) item->fListed = false;
   aList.Clear();
+}
+
+TKDXBaseItem& TKDXBaseLabel::MakeStoredItem(int aOrdinal) {
+  if (aOrdinal < 0 || aOrdinal >= EnumCount<TZORItemType>) {
+    throw Exception("unknown item type " + std::to_string(aOrdinal));
+  }
+  const auto type = static_cast<TZORItemType>(aOrdinal);
+  TKDXBaseItem* item = NewItemOfType(type, false);
+  if (item != nullptr) return *item;
+  throw Exception("no class for items of type " + std::to_string(aOrdinal) + " (" + std::string(NameItem(type)) + ")");
 }
 
 void TKDXBaseLabel::ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID) {

@@ -122,6 +122,17 @@ void TKDXBaseLabel::ReadJson(TJsonObject& aJson) {
   CheckActive();
 }
 
+TKDXBaseItem& TKDXBaseLabel::ReadJsonItem(int aVersion, TJsonObject& aJson) {
+  TKDXBaseItem& item = MakeStoredItem(aJson.GetInt("Type"));
+  try {
+    item.ReadJson(aVersion, aJson);
+  } catch (...) {
+    Free(item);
+    throw;
+  }
+  return item;
+}
+
 void TKDXBaseLabel::ReadSymbol(TJsonObject& /*aJson*/) {
   throw EInvalidOperation("this build has no symbols");
 }

@@ -15,7 +15,8 @@ void AppendLines(std::string& aOut, const TSvgList& aLines) {
 
 }  // namespace
 
-std::string TKDXBaseLabel::SVG(TZORExportSVG aExportType, Single aFactor, bool attrID) const {
+std::string TKDXBaseLabel::SVG(TZORExportSVG aExportType, Single aFactor, bool attrID) {
+  CalcPending();
   std::string body, definitions;
   TSvgList svg, defs;
   const auto flush = [&] {
@@ -53,7 +54,7 @@ std::string TKDXBaseLabel::SvgRoot(TZORExportSVG aExportType, Single aFactor) co
 }
 
 void TKDXBaseLabel::SaveSVG(const std::string& aFilename, TZORExportSVG aExportType, Single aFactor,
-                            bool attrID) const {
+                            bool attrID) {
   WriteFileAtomically(aFilename, SVG(aExportType, aFactor, attrID));
 }
 

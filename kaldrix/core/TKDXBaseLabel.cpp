@@ -14,7 +14,9 @@
 
 namespace Zor::inline Base {
 
-TKDXBaseLabel::TKDXBaseLabel(TComponent* aOwner) : TComponent(aOwner), fBackSurf(), fIndex(fItems) {
+TKDXBaseLabel::TKDXBaseLabel(TComponent* aOwner) : TComponent(aOwner), fIndex(fItems) { MakeSatellites(); }
+
+void TKDXBaseLabel::MakeSatellites() {
   fPrintInfo = std::make_unique<TKDXBasePrintInfo>(this);
   fData = std::make_unique<TKDXData>(this);
   fMeasure = std::make_unique<TKDXMeasure>(this);

@@ -241,6 +241,8 @@ class TKDXBaseLabel : public TComponent {
   std::string GetJsonString(bool aCompact) const;
   /// Reads everything up to and including "Counters". The caller brackets it, and reads the rest after it.
   void ReadJson(TJsonObject& aJson);
+  /// Makes the item that an entry of "Items" tells. Raises EJsonException, and then leaves no item behind.
+  TKDXBaseItem& ReadJsonItem(int aVersion, TJsonObject& aJson);
 
   // Binary --------------------------------------------------
 
@@ -249,14 +251,16 @@ class TKDXBaseLabel : public TComponent {
   void WriteData(TBinaryWriter& bW);
   void ReadBaseData(TBinaryReader& bR);
   void ReadData(TBinaryReader& bR);
+  /// Makes the item that a record tells, type first. Raises EReadError, and then leaves no item behind.
+  TKDXBaseItem& ReadItem(int aVersion, TBinaryReader& bR, TZORReadType aReadType);
   /// Puts the records of the selected items into fMemCopy.
   void CopySelection();
 
   // SVG --------------------------------------------------
 
   /// The whole document. With `attrID` elements carry the names of their items.
-  std::string SVG(TZORExportSVG aExportType, Single aFactor, bool attrID) const;
-  void SaveSVG(const std::string& aFilename, TZORExportSVG aExportType, Single aFactor, bool attrID) const;
+  std::string SVG(TZORExportSVG aExportType, Single aFactor, bool attrID);
+  void SaveSVG(const std::string& aFilename, TZORExportSVG aExportType, Single aFactor, bool attrID);
 
   // Supplied by the host --------------------------------------------------
 
@@ -366,11 +370,15 @@ class TKDXBaseLabel : public TComponent {
 
  private:
   friend class TKDXBaseItem;
+  friend class TContentKeeper;
 
   // An item comes, goes, or changes its name.
   void Enlist(TKDXBaseItem& aItem, bool aPreview);
   void Forget(TKDXBaseItem& aItem);
   void Free(TKDXBaseItem& aItem);
+  void MakeSatellites();
+  /// An item of a kind that a file names by its ordinal.
+  TKDXBaseItem& MakeStoredItem(int aOrdinal);
   void ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID);
   void FreeAll(TOwnedList<TKDXBaseItem>& aList);
   /// Linear, however many go.

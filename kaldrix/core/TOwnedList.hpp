@@ -55,6 +55,7 @@ class TOwnedList {
     }
   }
   void Clear() { Truncate(0); }
+  void Swap(TOwnedList& aOther) { fMembers.swap(aOther.fMembers); }
 
   void Move(int aFrom, int aTo) {
     T* member = fMembers[static_cast<std::size_t>(aFrom)];

@@ -21,6 +21,7 @@ class TUndoStack {
   void Push(std::unique_ptr<TKDXCmd> aCommand);
   std::unique_ptr<TKDXCmd> Pop();
   void Clear();
+  void Swap(TUndoStack& aOther) { fCommands.swap(aOther.fCommands); }
 
  private:
   std::vector<std::unique_ptr<TKDXCmd>> fCommands;

@@ -1,0 +1,168 @@
+#include "kaldrix/editor/TKDXFileLabel.hpp"
+
+#include <zlib.h>
+
+#include "kaldrix/core/TContentKeeper.hpp"
+#include "kaldrix/core/TKDXBaseLibSymbol.hpp"
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/platform/Files.hpp"
+
+namespace Zor::inline Base {
+
+namespace {
+
+constexpr std::string_view Magic{"KALDRIX\x1A", 8};
+constexpr int FrameVersion = 1;
+/// Type and the common record of an item without a name or points.
+constexpr std::size_t LeastItem = 29;
+
+std::uint32_t CheckSum(std::string_view aBytes) {
+  const auto* bytes = reinterpret_cast<const Bytef*>(aBytes.data());
+  return static_cast<std::uint32_t>(crc32_z(0, bytes, aBytes.size()));
+}
+
+/// What a binary file frames. Raises EReadError when the frame does not fit.
+std::string_view Payload(std::string_view aBytes) {
+  TBinaryReader reader(aBytes);
+  reader.ReadBytes(Magic.size());
+  const int version = reader.ReadInt32();
+  if (version != FrameVersion) throw EReadError("Frame version " + std::to_string(version) + " is not known");
+  const Int64 length = reader.ReadInt64();
+  const std::uint32_t sum = reader.ReadUInt32();
+  if (length < 0 || static_cast<std::uint64_t>(length) != reader.Left()) {
+    throw EReadError("The file holds " + std::to_string(reader.Left()) + " bytes of content where " +
+                     std::to_string(length) + " belong");
+  }
+  const std::string_view payload = reader.ReadBytes(reader.Left());
+  if (CheckSum(payload) != sum) throw EReadError("The checksum does not fit: the file is damaged");
+  return payload;
+}
+
+std::string Place(std::string_view aWhat, int aIndex, const char* aWhy) {
+  return std::string(aWhat) + "[" + std::to_string(aIndex) + "]: " + aWhy;
+}
+
+}  // namespace
+
+// Reading -------------------------------------------------------------------------
+
+void TKDXFileLabel::LoadFromFile(const std::string& aFilename) {
+  const std::string bytes = ReadFile(aFilename);
+  try {
+    LoadFromBytes(bytes);
+  } catch (const Exception& error) {
+    throw Exception(aFilename + ": " + error.what());
+  }
+}
+
+void TKDXFileLabel::LoadFromBytes(std::string_view aBytes) {
+  if (aBytes.starts_with(Magic)) {
+    const std::string_view payload = Payload(aBytes);
+    TContentKeeper keeper(*this);
+    BeginRead(false);
+    ReadBinary(payload);
+    keeper.Commit();
+  } else {
+    const std::unique_ptr<TJsonBaseObject> root = TJsonBaseObject::Parse(aBytes);
+    auto* json = root != nullptr && root->IsObject() ? static_cast<TJsonObject*>(root.get()) : nullptr;
+    if (json == nullptr || (!json->Contains("Version") && !json->Contains("Items"))) {
+      throw EJsonException("This is no drawing: it is not a JSON object with \"Version\" or \"Items\"");
+    }
+    TContentKeeper keeper(*this);
+    BeginRead(false);
+    ReadJsonDocument(*json);
+    keeper.Commit();
+  }
+  EndRead(true);
+}
+
+void TKDXFileLabel::ReadBinary(std::string_view aPayload) {
+  TBinaryReader reader(aPayload);
+  ReadBaseData(reader);
+  ReadData(reader);
+  TRecord record(reader, fReadedVer);
+  if (record.Count(0, 1) > 0) throw EReadError("Symbols: this build has no symbols");
+  const int count = record.Count(0, LeastItem);
+  fItems.Reserve(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) {
+    try {
+      ReadItem(fReadedVer, reader, rdNormal);
+    } catch (const Exception& error) {
+      throw EReadError(Place("Items", i, error.what()));
+    }
+  }
+  if (reader.Left() > 0)
+    throw EReadError(std::to_string(reader.Left()) + " bytes stand behind the last item");
+}
+
+void TKDXFileLabel::ReadJsonDocument(TJsonObject& aJson) {
+  ReadJson(aJson);
+  const int version = aJson.GetInt("Version");
+  fPrintInfo->ReadJson(aJson.GetObject("PrintInfo"));
+  TJsonArray& items = aJson.GetArray("Items");
+  const int count = items.Count();
+  fItems.Reserve(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) {
+    try {
+      ReadJsonItem(version, items.GetObject(i));
+    } catch (const Exception& error) {
+      throw EJsonException(Place("Items", i, error.what()));
+    }
+  }
+}
+
+// Writing -------------------------------------------------------------------------
+
+std::string TKDXFileLabel::BinaryPayload() {
+  std::string payload;
+  TBinaryWriter writer(payload);
+  WriteBaseData(writer);
+  WriteData(writer);
+  writer.WriteInt32(fSymbols.Count());
+  for (const TKDXBaseLibSymbol* symbol : fSymbols) symbol->WriteData(writer);
+  writer.WriteInt32(fItems.Count());
+  for (const TKDXBaseItem* item : fItems) item->WriteData(writer);
+  return payload;
+}
+
+std::string TKDXFileLabel::SaveToBytes(TZORExt aFormat) {
+  if (aFormat == lfJSON) return GetJsonString(false) + "\n";
+  const std::string payload = BinaryPayload();
+  std::string bytes;
+  bytes.reserve(payload.size() + 24);
+  TBinaryWriter writer(bytes);
+  writer.WriteBytes(Magic);
+  writer.WriteInt32(FrameVersion);
+  writer.WriteInt64(static_cast<Int64>(payload.size()));
+  writer.WriteUInt32(CheckSum(payload));
+  writer.WriteBytes(payload);
+  return bytes;
+}
+
+void TKDXFileLabel::SaveToFile(const std::string& aFilename, TZORExt aFormat) {
+  WriteFileAtomically(aFilename, SaveToBytes(aFormat));
+  fModified = false;
+}
+
+// Items -----------------------------------------------------------------------------
+
+void TKDXFileLabel::CreateElementFromStream(std::string_view aStream) {
+  TBinaryReader reader(aStream);
+  const int version = reader.ReadInt32();
+  ReadItem(version, reader, rdNormal);
+}
+
+void TKDXFileLabel::PasteSelection() {
+  if (fMemCopy.empty()) return;
+  BeginRead(true);
+  ClearSelection(false);
+  TBinaryReader reader(fMemCopy);
+  const int count = TRecord(reader, FormatVersion).Count(0, LeastItem);
+  for (int i = 0; i < count; ++i) ReadItem(FormatVersion, reader, rdPaste);
+  EndRead(false);
+  fModified = true;
+  FillSelPoints();
+  ChangeValue(chSelect);
+}
+
+}  // namespace Zor::inline Base

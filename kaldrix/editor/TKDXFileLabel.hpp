@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+
+namespace Zor::inline Base {
+
+/// A document that reads and writes files: what every host does alike. The items are left to TKDXLabelOf.
+///
+/// A binary file begins with the eight bytes "KALDRIX" 0x1A, an Int32 frame version, the Int64 length and the
+/// UInt32 CRC-32 of what follows: base section, document section, symbols and items, each with a count in
+/// front.
+class TKDXFileLabel : public TKDXBaseLabel {
+ public:
+  /// Binary or JSON, told by the content. A file that cannot be read raises an Exception that names file and
+  /// place, and leaves the document as it was.
+  void LoadFromFile(const std::string& aFilename) override;
+  /// The same from memory; errors name the place only.
+  void LoadFromBytes(std::string_view aBytes);
+  /// Written beside the target and renamed: a crash leaves the old file or the new one.
+  void SaveToFile(const std::string& aFilename, TZORExt aFormat) override;
+  std::string SaveToBytes(TZORExt aFormat);
+
+  void CreateElementFromStream(std::string_view aStream) override;
+  /// The pasted items are selected and lie 2 mm of paper to the right and below.
+  void PasteSelection() override;
+
+ protected:
+  using TKDXBaseLabel::TKDXBaseLabel;
+
+ private:
+  void ReadBinary(std::string_view aPayload);
+  void ReadJsonDocument(TJsonObject& aJson);
+  std::string BinaryPayload();
+};
+
+}  // namespace Zor::inline Base

@@ -1,0 +1,141 @@
+#pragma once
+
+#include <utility>
+
+#include "kaldrix/core/TKDXBasePoint.hpp"
+#include "kaldrix/editor/TKDXFileLabel.hpp"
+#include "kaldrix/items/TKDXBaseArc.hpp"
+#include "kaldrix/items/TKDXBaseBezier.hpp"
+#include "kaldrix/items/TKDXBaseCircle.hpp"
+#include "kaldrix/items/TKDXBaseEllipse.hpp"
+#include "kaldrix/items/TKDXBaseLine.hpp"
+#include "kaldrix/items/TKDXBasePolyLine.hpp"
+#include "kaldrix/items/TKDXBasePolygon.hpp"
+#include "kaldrix/items/TKDXBaseRectangle.hpp"
+#include "kaldrix/items/TKDXBaseSector.hpp"
+#include "kaldrix/items/TKDXBaseText.hpp"
+#include "kaldrix/utils/TDraw2D.hpp"
+
+namespace Zor::inline Base {
+
+/// A document whose concrete items come from one template: `TItem<TKDXBaseLine>` is a line that can be made,
+/// and so on. The template supplies DrawItem and PrintItem, and for texts the measuring. New items stand on
+/// the active layer.
+template <template <class> class TItem>
+class TKDXLabelOf : public TKDXFileLabel {
+ public:
+  explicit TKDXLabelOf(TComponent* aOwner = nullptr) : TKDXFileLabel(aOwner) {}
+
+  TItem<TKDXBaseText>* NewText(Int64 x, Int64 y) override {
+    auto* text = Make<TKDXBaseText>({{x, y}});
+    text->StateCalc();
+    return text;
+  }
+  TItem<TKDXBasePoint>* NewPoint(Int64 x, Int64 y) override { return Make<TKDXBasePoint>({{x, y}}); }
+  TItem<TKDXBaseLine>* NewLine(Int64 x1, Int64 y1, Int64 x2, Int64 y2) override {
+    return Make<TKDXBaseLine>({{x1, y1}, {x2, y2}});
+  }
+  TItem<TKDXBasePolyLine>* NewPolyLine(const TZORPtoA& pts, int high) override {
+    return Make<TKDXBasePolyLine>(Taken(pts, high));
+  }
+  TItem<TKDXBaseBezier>* NewBezier(const TZORPtoA& pts, int high) override {
+    return Make<TKDXBaseBezier>(Taken(pts, high));
+  }
+  TItem<TKDXBasePolygon>* NewPolygon(const TZORPtoA& pts, int high) override {
+    return Make<TKDXBasePolygon>(Taken(pts, high));
+  }
+  TItem<TKDXBaseArc>* NewArc(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) override {
+    return new TItem<TKDXBaseArc>(*this, x1, y1, x2, y2, x3, y3, false);
+  }
+  TItem<TKDXBaseRectangle>* NewRectangle(Int64 x, Int64 y, Int64 w, Int64 h) override {
+    return Make<TKDXBaseRectangle>({{x, y}, {AddHeld(x, w), AddHeld(y, h)}});
+  }
+  TItem<TKDXBaseCircle>* NewCircle(Int64 cx, Int64 cy, Int64 r) override {
+    return Make<TKDXBaseCircle>(Box(cx, cy, r, r));
+  }
+  TItem<TKDXBaseCircle>* NewCircle2P(Int64 x1, Int64 y1, Int64 x2, Int64 y2) override {
+    return Make<TKDXBaseCircle>(BoxOf2(x1, y1, x2, y2));
+  }
+  TItem<TKDXBaseCircle>* NewCircle3P(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) override {
+    return Make<TKDXBaseCircle>(BoxOf3(x1, y1, x2, y2, x3, y3));
+  }
+  TItem<TKDXBaseSector>* NewSector(Int64 cx, Int64 cy, Int64 r, Single aStart, Single aGap) override {
+    return Sector(Box(cx, cy, r, r), aStart, aGap);
+  }
+  TItem<TKDXBaseSector>* NewSector2P(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Single aStart,
+                                     Single aGap) override {
+    return Sector(BoxOf2(x1, y1, x2, y2), aStart, aGap);
+  }
+  TItem<TKDXBaseSector>* NewSector3P(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3,
+                                     Single aStart, Single aGap) override {
+    return Sector(BoxOf3(x1, y1, x2, y2, x3, y3), aStart, aGap);
+  }
+  TItem<TKDXBaseEllipse>* NewEllipse(Int64 cx, Int64 cy, Int64 rx, Int64 ry) override {
+    return Make<TKDXBaseEllipse>(Box(cx, cy, rx, ry));
+  }
+
+  TKDXBaseItem* NewItemOfType(TZORItemType aType, bool aPreview) override {
+    switch (aType) {
+      case itPoint:
+        return new TItem<TKDXBasePoint>(*this, aPreview);
+      case itLine:
+        return new TItem<TKDXBaseLine>(*this, aPreview);
+      case itPolyLine:
+        return new TItem<TKDXBasePolyLine>(*this, aPreview);
+      case itArc:
+        return new TItem<TKDXBaseArc>(*this, aPreview);
+      case itRectangle:
+        return new TItem<TKDXBaseRectangle>(*this, aPreview);
+      case itPolygon:
+        return new TItem<TKDXBasePolygon>(*this, aPreview);
+      case itBezier:
+        return new TItem<TKDXBaseBezier>(*this, aPreview);
+      case itCircle:
+        return new TItem<TKDXBaseCircle>(*this, aPreview);
+      case itEllipse:
+        return new TItem<TKDXBaseEllipse>(*this, aPreview);
+      case itSector:
+        return new TItem<TKDXBaseSector>(*this, aPreview);
+      case itText:
+        return new TItem<TKDXBaseText>(*this, aPreview);
+      default:
+        return nullptr;
+    }
+  }
+
+ private:
+  template <class TBaseItem>
+  TItem<TBaseItem>* Make(TZORPtoA aPoints) {
+    auto* item = new TItem<TBaseItem>(*this, GetLayer(fActiveLayer + 1), false);
+    // A text brings its anchor only: its second point follows from its size.
+    aPoints.resize(HasFreePoints(item->fItemType) ? aPoints.size() : item->fPoints.size());
+    item->fPoints = std::move(aPoints);
+    item->UpdateBounds();
+    return item;
+  }
+  TItem<TKDXBaseSector>* Sector(TZORPtoA aBox, Single aStart, Single aGap) {
+    auto* sector = Make<TKDXBaseSector>(std::move(aBox));
+    sector->SetAngleStart(aStart);
+    sector->SetAngleGap(aGap);
+    return sector;
+  }
+  static TZORPtoA Taken(const TZORPtoA& aPoints, int aHigh) {
+    const std::size_t count = static_cast<std::size_t>(aHigh < 0 ? 0 : aHigh + 1);
+    return {aPoints.begin(), aPoints.begin() + static_cast<std::ptrdiff_t>(std::min(count, aPoints.size()))};
+  }
+  static TZORPtoA Box(Int64 cx, Int64 cy, Int64 rx, Int64 ry) {
+    return {{AddHeld(cx, -rx), AddHeld(cy, -ry)}, {AddHeld(cx, rx), AddHeld(cy, ry)}};
+  }
+  static TZORPtoA BoxOf2(Int64 x1, Int64 y1, Int64 x2, Int64 y2) {
+    Int64 cx = 0, cy = 0, r = 0;
+    TDraw2D::CircleTwoPoints(x1, y1, x2, y2, cx, cy, r);
+    return Box(cx, cy, r, r);
+  }
+  static TZORPtoA BoxOf3(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) {
+    Int64 cx = 0, cy = 0, r = 0;
+    TDraw2D::CircleThreePoints(x1, y1, x2, y2, x3, y3, cx, cy, r);
+    return Box(cx, cy, r, r);
+  }
+};
+
+}  // namespace Zor::inline Base

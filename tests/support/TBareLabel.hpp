@@ -1,0 +1,54 @@
+// A document without a surface, with font metrics that are round numbers: what tests of the library build on.
+#pragma once
+
+#include "kaldrix/editor/TKDXLabelOf.hpp"
+
+namespace Zor {
+
+/// Items that paint nothing.
+template <class TBase>
+class TBareItem final : public TBase {
+ public:
+  using TBase::TBase;
+  void DrawItem(TKDXBaseDraw&) override {}
+  void PrintItem(TKDXBaseDraw&) override {}
+};
+
+/// A character is half as wide as the font is high; the ascent is 0.8 and the descent 0.2 of the height.
+template <>
+class TBareItem<TKDXBaseText> final : public TKDXBaseText {
+ public:
+  using TKDXBaseText::TKDXBaseText;
+  void DrawItem(TKDXBaseDraw&) override {}
+  void PrintItem(TKDXBaseDraw&) override {}
+  Single GetScale() const override { return fScaleX; }
+  void CalcValues(int) override {
+    const int width = static_cast<int>(static_cast<double>(fText.size()) * fFontHeight / 2 * fScaleX);
+    SetMeasured(width, fFontHeight, fFontHeight * 4 / 5, fFontHeight / 5, fFontHeight / 10, 1.0);
+  }
+};
+
+class TBareLabel : public TKDXLabelOf<TBareItem> {
+ public:
+  using TKDXLabelOf::TKDXLabelOf;
+  void PrinterChanged() override {}
+  void Print() override {}
+  void ExportDoc(TZORExport, const std::string&, int, Single, int, bool, bool, bool) override {}
+};
+
+/// An observer that remembers what it was told.
+class TRecordingObserver : public IZOObserver {
+ public:
+  explicit TRecordingObserver(TZODestUpdate aKind) : fKind(aKind) {}
+  TZODestUpdate Destination() override { return fKind; }
+  void Update(TZOChange aChange, const TZOChangeValue& aValue) override {
+    fChanges.push_back(aChange);
+    fValues.push_back(aValue);
+  }
+
+  TZODestUpdate fKind;
+  std::vector<TZOChange> fChanges;
+  std::vector<TZOChangeValue> fValues;
+};
+
+}  // namespace Zor
