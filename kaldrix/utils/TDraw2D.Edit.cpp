@@ -263,9 +263,9 @@ bool TDraw2D::TrimLineAtArc(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, In
   const double high = q.PlusRoot();
   const bool lowCounts = counts(low);
   const bool highCounts = counts(high);
-  // 5. The one nearer to the pick.
+  // 5. The one nearer to the pick; the middle between them divides.
   if (!lowCounts && !highCounts) return false;
-  const bool takeLow = lowCounts && (!highCounts || std::fabs(low - picked) <= std::fabs(high - picked));
+  const bool takeLow = lowCounts && (!highCounts || picked <= q.Middle());
   const double t = takeLow ? low : high;
   // 6. The end nearer to the pick goes there.
   const bool first = !FirstIsNearer(px, py, x5, y5, x4, y4);

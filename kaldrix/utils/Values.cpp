@@ -43,7 +43,7 @@ Int64 Distance(Int64 x1, Int64 y1, Int64 x2, Int64 y2) {
   const Int64 dy = Span(y1, y2);
   if (dx == 0) return std::abs(dy);
   if (dy == 0) return std::abs(dx);
-  return Round(std::sqrt(SquareSum(dx, dy)));
+  return RoundHeld(std::sqrt(SquareSum(dx, dy)));
 }
 
 Single Distance(Single x1, Single y1, Single x2, Single y2) {
