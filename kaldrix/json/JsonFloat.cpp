@@ -92,8 +92,8 @@ std::size_t WriteJsonFloat(char* aText, double aValue) noexcept {
   char* at = aText;
   const double scaled = aValue * 1000.0;
   if (std::fabs(scaled) < MaxThousandths) {
-    const auto count = static_cast<std::int64_t>(std::nearbyint(scaled));
-    if (static_cast<double>(count) / 1000.0 == aValue && !(count == 0 && std::signbit(aValue))) {
+    const auto count = static_cast<std::int64_t>(scaled + std::copysign(0.5, scaled));
+    if (static_cast<double>(count) / 1000.0 == aValue) {
       return static_cast<std::size_t>(WriteThousandths(at, count) - aText);
     }
   }

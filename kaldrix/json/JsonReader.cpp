@@ -125,6 +125,7 @@ void TJsonReader::ExpectEnd() {
 // Structure
 
 void TJsonReader::SkipBlanks() noexcept {
+  if (fAt<fEnd&& * fAt> ' ') return;
   while (fAt < fEnd && (*fAt == ' ' || *fAt == '\n' || *fAt == '\t' || *fAt == '\r')) ++fAt;
 }
 
@@ -213,41 +214,55 @@ void TJsonReader::Value(std::size_t aPlace) {
 }
 
 void TJsonReader::Literal(TJsonDataValue& aValue) {
-  const std::string_view word = WordAt(fAt, fEnd);
-  if (!IsLiteral(word)) FailExpected(ValueName, fAt);
-  if (word == "null") {
+  const std::string_view rest(fAt, static_cast<std::size_t>(fEnd - fAt));
+  const std::size_t size = *fAt == 'f' ? 5 : 4;
+  if (!IsLiteral(rest.substr(0, size)) || (rest.size() > size && IsWordChar(rest[size]))) {
+    FailExpected(ValueName, fAt);
+  }
+  if (*fAt == 'n') {
     aValue.SetNull();
   } else {
-    aValue.SetBool(word == "true");
+    aValue.SetBool(*fAt == 't');
   }
-  fAt += word.size();
+  fAt += size;
 }
 
 // Numbers
+
+namespace {
+
+constexpr int ExactDigits = 19;  ///< So many always fit 64 bits.
+
+std::int64_t LeadingZeros(std::string_view aNumber) noexcept {
+  std::int64_t zeros = 0;
+  for (const char c : aNumber) {
+    if (c >= '1' && c <= '9') break;
+    zeros += c == '0' ? 1 : 0;
+  }
+  return zeros;
+}
+
+}  // namespace
 
 /// A number on its way: its text begins at Begin; Mantissa holds its digits as long as 19 hold them.
 struct TJsonReader::TNumber {
   const char* Begin;
   bool Negative = false;
   std::uint64_t Mantissa = 0;
-  int Significant = 0;        ///< Digits of the mantissa, leading zeros left out.
+  std::int64_t Count = 0;     ///< Digits, leading zeros included.
   std::int64_t Fraction = 0;  ///< Digits behind the point.
   std::int64_t Exponent = 0;  ///< As written, held inside what cannot run over.
 };
 
-/// Takes one or more digits and gives the end of them.
+/// Takes one or more digits and gives their beginning.
 const char* TJsonReader::Digits(TNumber& aNumber) {
   const char* begin = fAt;
   const char* at = fAt;
   std::uint64_t mantissa = aNumber.Mantissa;
-  int significant = aNumber.Significant;
-  for (; at < fEnd && IsDigit(*at); ++at) {
-    mantissa = mantissa * 10 + static_cast<unsigned>(*at - '0');
-    significant += significant > 0 || *at != '0' ? 1 : 0;
-  }
+  for (; at < fEnd && IsDigit(*at); ++at) mantissa = mantissa * 10 + static_cast<unsigned>(*at - '0');
   if (at == begin) FailNumber(aNumber);
   aNumber.Mantissa = mantissa;
-  aNumber.Significant = significant;
+  aNumber.Count += at - begin;
   fAt = at;
   return begin;
 }
@@ -283,16 +298,15 @@ void TJsonReader::Number(TJsonDataValue& aValue) {
 /// The kind goes by the digits: nine still make an Integer, twenty a Long or ULong where they hold it.
 void TJsonReader::Integer(const TNumber& aNumber, TJsonDataValue& aValue) {
   constexpr int IntDigits = 9;
-  constexpr int ExactDigits = 19;
   constexpr std::uint64_t LongLimit = std::numeric_limits<Int64>::max();
   const std::uint64_t mantissa = aNumber.Mantissa;
-  if (aNumber.Significant <= IntDigits) {
+  if (aNumber.Count <= IntDigits) {
     const int value = static_cast<int>(mantissa);
     return aValue.SetInt(aNumber.Negative ? -value : value);
   }
   // Twenty digits that run over 64 bits begin with 1 or more and leave less than 10^19.
-  const bool fits = aNumber.Significant <= ExactDigits ||
-                    (aNumber.Significant == ExactDigits + 1 && aNumber.Begin[aNumber.Negative] == '1' &&
+  const bool fits = aNumber.Count <= ExactDigits ||
+                    (aNumber.Count == ExactDigits + 1 && aNumber.Begin[aNumber.Negative] == '1' &&
                      mantissa >= 10000000000000000000U);
   if (!fits || (aNumber.Negative && mantissa > LongLimit + 1)) return aValue.SetFloat(Float(aNumber));
   if (aNumber.Negative) return aValue.SetLong(static_cast<Int64>(0 - mantissa));
@@ -308,7 +322,7 @@ double TJsonReader::Float(const TNumber& aNumber) {
                                                  1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
   constexpr std::int64_t MaxPower = Powers.size() - 1;
   const std::int64_t exponent = aNumber.Exponent - aNumber.Fraction;
-  if (aNumber.Significant <= 19 && aNumber.Mantissa <= (std::uint64_t{1} << 53U) && exponent <= MaxPower &&
+  if (aNumber.Count <= ExactDigits && aNumber.Mantissa <= (std::uint64_t{1} << 53U) && exponent <= MaxPower &&
       exponent >= -MaxPower) {
     const double mantissa = static_cast<double>(aNumber.Mantissa);
     const double value = exponent < 0 ? mantissa / Powers[static_cast<std::size_t>(-exponent)]
@@ -317,7 +331,8 @@ double TJsonReader::Float(const TNumber& aNumber) {
   }
   double value = 0.0;
   if (std::from_chars(aNumber.Begin, fAt, value).ec == std::errc()) return value;
-  if (exponent + aNumber.Significant > 0) FailNumber(aNumber);  // beyond the largest double
+  const std::string_view text(aNumber.Begin, static_cast<std::size_t>(fAt - aNumber.Begin));
+  if (exponent + aNumber.Count - LeadingZeros(text) > 0) FailNumber(aNumber);  // beyond the largest double
   return aNumber.Negative ? -0.0 : 0.0;
 }
 

@@ -28,6 +28,33 @@ const char* FindEscape(const char* aFrom, const char* aEnd) noexcept {
   return std::find_if(aFrom, aEnd, [](char c) { return NeedsEscape(static_cast<unsigned char>(c)); });
 }
 
+/// Copies a text of at most 16 bytes in two overlapping halves; false, and nothing of use copied, where it
+/// needs an escape.
+bool CopyShortPlain(char* aTo, const char* aFrom, std::size_t aSize) noexcept {
+  if (aSize >= 8) {
+    const std::uint64_t head = LoadBytes(aFrom);
+    const std::uint64_t tail = LoadBytes(aFrom + aSize - 8);
+    std::memcpy(aTo, &head, 8);
+    std::memcpy(aTo + aSize - 8, &tail, 8);
+    return (EscapeMarks(head) | EscapeMarks(tail)) == 0;
+  }
+  if (aSize >= 4) {
+    std::uint32_t head = 0;
+    std::uint32_t tail = 0;
+    std::memcpy(&head, aFrom, 4);
+    std::memcpy(&tail, aFrom + aSize - 4, 4);
+    std::memcpy(aTo, &head, 4);
+    std::memcpy(aTo + aSize - 4, &tail, 4);
+    return EscapeMarks(std::uint64_t{tail} << 32U | head) == 0;
+  }
+  bool plain = true;
+  for (std::size_t i = 0; i < aSize; ++i) {
+    aTo[i] = aFrom[i];
+    plain = plain && !NeedsEscape(static_cast<unsigned char>(aFrom[i]));
+  }
+  return plain;
+}
+
 /// Writes the escape of one byte and gives the place behind it.
 char* WriteEscape(char* aTo, unsigned char aChar) noexcept {
   static constexpr std::string_view Plain = "\"\\\b\t\n\f\r";
@@ -67,6 +94,7 @@ void TJsonWriter::Grow(std::size_t aBytes) {
 }
 
 void TJsonWriter::Raw(std::string_view aText) {
+  if (aText.empty()) return;
   std::memcpy(Room(aText.size()), aText.data(), aText.size());
   fAt += aText.size();
 }
@@ -85,29 +113,30 @@ void TJsonWriter::Write(const TJsonBaseObject& aTree, int aLevel) {
 }
 
 void TJsonWriter::Object(const TJsonObject& aObject, int aLevel) {
-  Raw("{");
+  Put('{');
   const TJsonMember* members = aObject.Members();
   for (std::uint32_t i = 0; i < aObject.fCount; ++i) {
-    if (i > 0) Raw(",");
+    if (i > 0) Put(',');
     if (!fCompact) NewLine(aLevel + 1);
     Quoted(members[i].Name.View());
-    Raw(fCompact ? ":" : ": ");
+    Put(':');
+    if (!fCompact) Put(' ');
     Value(members[i].Value, aLevel + 1);
   }
   if (aObject.fCount > 0 && !fCompact) NewLine(aLevel);
-  Raw("}");
+  Put('}');
 }
 
 void TJsonWriter::Array(const TJsonArray& aItems, int aLevel) {
-  Raw("[");
+  Put('[');
   const TJsonDataValue* values = aItems.Values();
   for (std::uint32_t i = 0; i < aItems.fCount; ++i) {
-    if (i > 0) Raw(",");
+    if (i > 0) Put(',');
     if (!fCompact) NewLine(aLevel + 1);
     Value(values[i], aLevel + 1);
   }
   if (aItems.fCount > 0 && !fCompact) NewLine(aLevel);
-  Raw("]");
+  Put(']');
 }
 
 void TJsonWriter::Value(const TJsonDataValue& aValue, int aLevel) {
@@ -145,21 +174,20 @@ void TJsonWriter::Integer(T aValue) {
 }
 
 void TJsonWriter::Quoted(std::string_view aText) {
-  const char* end = aText.data() + aText.size();
-  if (FindEscape(aText.data(), end) != end) return Escaped(aText);
-  char* at = Room(aText.size() + 2);
-  *at++ = '"';
-  if (!aText.empty()) std::memcpy(at, aText.data(), aText.size());
-  at += aText.size();
-  *at++ = '"';
-  fAt = at;
+  constexpr std::size_t ShortSize = 16;
+  if (aText.size() > ShortSize) return Escaped(aText);
+  char* at = Room(ShortSize + 2);
+  if (!CopyShortPlain(at + 1, aText.data(), aText.size())) return Escaped(aText);
+  at[0] = '"';
+  at[1 + aText.size()] = '"';
+  fAt = at + aText.size() + 2;
 }
 
 void TJsonWriter::Escaped(std::string_view aText) {
   constexpr std::size_t EscapeSize = 6;
   const char* from = aText.data();
   const char* end = from + aText.size();
-  Raw("\"");
+  Put('"');
   while (from != end) {
     const char* plainEnd = FindEscape(from, end);
     Raw({from, static_cast<std::size_t>(plainEnd - from)});
@@ -167,7 +195,7 @@ void TJsonWriter::Escaped(std::string_view aText) {
     if (from == end) break;
     fAt = WriteEscape(Room(EscapeSize), static_cast<unsigned char>(*from++));
   }
-  Raw("\"");
+  Put('"');
 }
 
 }  // namespace Zor::inline Jsondataobjects

@@ -26,6 +26,10 @@ class TJsonWriter {
     return fAt;
   }
   void Grow(std::size_t aBytes);
+  void Put(char aChar) {
+    *Room(1) = aChar;
+    ++fAt;
+  }
   void Raw(std::string_view aText);
   void NewLine(int aLevel);
   void Object(const TJsonObject& aObject, int aLevel);

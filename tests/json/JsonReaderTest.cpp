@@ -36,7 +36,7 @@ TEST(JsonReader, NumbersGetTheirKindByDigits) {
       {"123456789012345678901", jdtFloat, "1.23456789012346E20"},
       {"1.0", jdtFloat, "1"},
       {"1e2", jdtFloat, "100"},
-      {"-0.0", jdtFloat, "-0"},
+      {"-0.0", jdtFloat, "0"},
       {"0.30000000000000004", jdtFloat, "0.3"},
       {"1E-400", jdtFloat, "0"},
       {"0.000e999999999999999999", jdtFloat, "0"},
