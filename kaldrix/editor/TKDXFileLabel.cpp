@@ -44,6 +44,8 @@ std::string Place(std::string_view aWhat, int aIndex, const char* aWhy) {
 
 }  // namespace
 
+bool TKDXFileLabel::IsBinary(std::string_view aBytes) { return aBytes.starts_with(Magic); }
+
 // Reading -------------------------------------------------------------------------
 
 void TKDXFileLabel::LoadFromFile(const std::string& aFilename) {
@@ -56,7 +58,7 @@ void TKDXFileLabel::LoadFromFile(const std::string& aFilename) {
 }
 
 void TKDXFileLabel::LoadFromBytes(std::string_view aBytes) {
-  if (aBytes.starts_with(Magic)) {
+  if (IsBinary(aBytes)) {
     const std::string_view payload = Payload(aBytes);
     TContentKeeper keeper(*this);
     BeginRead(false);
@@ -95,10 +97,18 @@ void TKDXFileLabel::ReadBinary(std::string_view aPayload) {
     throw EReadError(std::to_string(reader.Left()) + " bytes stand behind the last item");
 }
 
-void TKDXFileLabel::ReadJsonDocument(TJsonObject& aJson) {
+void TKDXFileLabel::ReadSections(TJsonObject& aJson) {
   ReadJson(aJson);
+  try {
+    fPrintInfo->ReadJson(aJson.GetObject("PrintInfo"));
+  } catch (const Exception& error) {
+    throw EJsonException(std::string("PrintInfo: ") + error.what());
+  }
+}
+
+void TKDXFileLabel::ReadJsonDocument(TJsonObject& aJson) {
+  ReadSections(aJson);
   const int version = aJson.GetInt("Version");
-  fPrintInfo->ReadJson(aJson.GetObject("PrintInfo"));
   TJsonArray& items = aJson.GetArray("Items");
   const int count = items.Count();
   fItems.Reserve(static_cast<std::size_t>(count));

@@ -23,6 +23,10 @@ class TKDXFileLabel : public TKDXBaseLabel {
   void SaveToFile(const std::string& aFilename, TZORExt aFormat) override;
   std::string SaveToBytes(TZORExt aFormat);
 
+  static bool IsBinary(std::string_view aBytes);
+  /// All of a document but its items, inside a read bracket of the caller.
+  void ReadSections(TJsonObject& aJson);
+
   void CreateElementFromStream(std::string_view aStream) override;
   /// The pasted items are selected and lie 2 mm of paper to the right and below.
   void PasteSelection() override;

@@ -84,7 +84,9 @@ void TKDXMsg::LoadResources(const std::string& aFileName) {
   if (FileExists(aFileName)) Overlay(Catalogue(), TIniFile::LoadFromFile(aFileName));
 }
 
-void TKDXMsg::SaveToIniFile(const std::string& aFileName) {
+void TKDXMsg::SaveToIniFile(const std::string& aFileName) { WriteFileAtomically(aFileName, IniText()); }
+
+std::string TKDXMsg::IniText() {
   std::vector<std::string> lines;
   lines.reserve(Catalogue().size());
   for (const auto& [key, text] : Catalogue()) lines.push_back(key + "=" + text);
@@ -102,7 +104,7 @@ void TKDXMsg::SaveToIniFile(const std::string& aFileName) {
     file.Append(group->Section, std::string_view(line).substr(0, equals),
                 std::string_view(line).substr(equals + 1));
   }
-  file.SaveToFile(aFileName);
+  return file.ToText();
 }
 
 }  // namespace Zor::inline Msg

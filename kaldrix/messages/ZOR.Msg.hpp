@@ -37,6 +37,8 @@ class TKDXMsg {
   /// Writes all texts as a language file (a translator's template), replacing an existing one. A key
   /// without a known prefix is not written.
   static void SaveToIniFile(const std::string& aFileName);
+  /// The text of that file.
+  static std::string IniText();
 };
 
 }  // namespace Zor::inline Msg

@@ -1,0 +1,25 @@
+#include "apps/kaldrix/CheckCommand.hpp"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "apps/kaldrix/Streams.hpp"
+#include "host/TKDXLabel.hpp"
+#include "kaldrix/editor/DocumentCheck.hpp"
+
+namespace Zor::Program {
+
+CheckCommand::CheckCommand(CLI::App& aProgram)
+    : Command(aProgram, "check", "Report everything that is wrong with a document") {
+  Options().add_option("input", fInput, "The document; - reads standard input")->required();
+}
+
+int CheckCommand::Run() const {
+  TKDXLabel scratch;
+  const std::vector<std::string> findings = CheckDocument(scratch, ReadInput(fInput));
+  const std::string name = fInput == "-" ? "standard input" : fInput;
+  for (const std::string& finding : findings) std::cerr << "kaldrix: " << name << ": " << finding << '\n';
+  return findings.empty() ? 0 : 1;
+}
+
+}  // namespace Zor::Program

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "apps/kaldrix/Command.hpp"
+#include "host/Export.hpp"
+
+namespace Zor::Program {
+
+/// `kaldrix export`: one document to another form.
+class ExportCommand final : public Command {
+ public:
+  explicit ExportCommand(CLI::App& aProgram);
+  int Run() const override;
+
+ private:
+  std::string fInput, fOutput, fFormat;
+  TExportOptions fOptions;
+};
+
+}  // namespace Zor::Program

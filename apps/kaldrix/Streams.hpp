@@ -1,0 +1,15 @@
+// Files by name, and "-" for standard input and output.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Zor::Program {
+
+/// The bytes of a file, or of standard input for "-".
+std::string ReadInput(const std::string& aName);
+
+/// Writes a file beside its target and renames it; "-" is standard output.
+void WriteOutput(const std::string& aName, std::string_view aBytes);
+
+}  // namespace Zor::Program
