@@ -162,10 +162,20 @@ class TKDXBaseText : public TKDXBaseItem,
   void AfterRead(TZORReadType aReadType) override;
 
  private:
+  static constexpr int LeastFontHeight = 1000;  // base points
+  static constexpr Single LeastScale = 0.4F, MostScale = 2.0F;
+
+  /// Held between LeastScale and MostScale.
+  static Single HeldScale(Single aValue);
+  /// A length on paper, in base points of the drawn object.
+  Int64 Drawn(Int64 aPaper) const;
+  /// Takes a value that the bounds depend on.
+  template <class T>
+  void Place(T& aField, T aValue);
   bool HasDisplayLimit() const { return fDispWidth >= 1 && fDispWidth < fWidth; }
   void SetPadding(int& aField, Single aMM);
+  /// Makes dText and aIsData from text and binding.
   void UpdateBinding();
-  void ReadJsonData(TJsonObject& aJson);
   void WriteSvgBack(TSvgList& svg, TZORExportSVG aExportType, Single aFactor) const;
 };
 

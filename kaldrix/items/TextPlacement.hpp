@@ -2,11 +2,24 @@
 // from a segment to the text on it. Y points down; a quarter turn is against the clock on the page.
 #pragma once
 
+#include <array>
+
 #include "kaldrix/types/Enumerations.hpp"
 #include "kaldrix/types/Records.hpp"
 #include "kaldrix/types/TZORRect.hpp"
 
 namespace Zor::inline Text {
+
+/// Which way a text runs at an angle: on which axis, and whether coordinates grow (1) or fall (-1) along the
+/// text and across it, from its top to its bottom.
+struct TTextFlow {
+  bool alongX;
+  int along;
+  int across;
+};
+/// By ordinal of TZORAngle.
+inline constexpr std::array<TTextFlow, 4> TextFlows{
+    {{true, 1, 1}, {false, -1, 1}, {true, -1, -1}, {false, 1, -1}}};
 
 /// Places a rectangle that stands with its top left corner on the anchor, in the size that the content has at
 /// ag0: turns the size and moves the rectangle to the side of the anchor that the alignments tell. Halves are
