@@ -9,7 +9,8 @@ install(TARGETS ${installed} EXPORT KaldrixTargets ARCHIVE DESTINATION ${CMAKE_I
 if(TARGET kaldrix_program)
   install(TARGETS kaldrix_program RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
-install(DIRECTORY kaldrix host DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.hpp")
+install(DIRECTORY kaldrix host DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.hpp"
+  PATTERN "TShaper.hpp" EXCLUDE PATTERN "TSurface.Impl.hpp" EXCLUDE)
 install(EXPORT KaldrixTargets NAMESPACE Kaldrix:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Kaldrix)
 
 configure_package_config_file(cmake/KaldrixConfig.cmake.in KaldrixConfig.cmake
