@@ -191,7 +191,7 @@ TEST(TDraw2D, RectanglesMeetLines) {
     const auto at = [&random] { return random.Within(0, 9); };
     const Int64 x1 = at(), y1 = at(), x2 = at(), y2 = at();
     const TZORRect r{3, 2, 7, 6};
-    const auto inside = [&r](Int64 x, Int64 y) { return x >= 3 && x <= 7 && y >= 2 && y <= 6; };
+    const auto inside = [](Int64 x, Int64 y) { return x >= 3 && x <= 7 && y >= 2 && y <= 6; };
     TLine p;
     const bool crosses = TDraw2D::LineCrossRect(x1, y1, x2, y2, 7, 2, 3, 6, p.x1, p.y1, p.x2, p.y2) > 0;
     const bool expected = inside(x1, y1) || inside(x2, y2) || crosses;
