@@ -1,0 +1,189 @@
+#include "host/ItemPainter.hpp"
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <cmath>
+#include <numbers>
+
+#include "host/TKDXSurfaceDraw.hpp"
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+#include "kaldrix/items/TextPlacement.hpp"
+
+namespace Zor::inline Host {
+
+namespace {
+
+// By ordinal of the alignments. A justified line of its own begins at its anchor.
+constexpr std::array<TTextAnchor, 4> Anchors{taStart, taMiddle, taEnd, taStart};
+constexpr std::array<TTextVert, 3> Verts{tvTop, tvCentral, tvBottom};
+constexpr double QuarterTurn = 90;
+
+/// Base points to millimetres of paper, for one item.
+class TPaper {
+ public:
+  explicit TPaper(const TKDXBaseItem& aItem) : fItem(aItem), fFactor(aItem.Document().PaperFactor()) {}
+
+  double operator()(Int64 aBase) const { return static_cast<double>(aBase) / fFactor; }
+  /// 1-based; of an item that has that point.
+  TPaperPoint Point(int aIndex) const {
+    const TZORPto& point = fItem.fPoints[static_cast<std::size_t>(aIndex - 1)];
+    return {(*this)(point.bX), (*this)(point.bY)};
+  }
+  TPath Outline() const {
+    TPath path;
+    for (int i = 1; i <= fItem.NumPoints(); ++i) {
+      const TPaperPoint p = Point(i);
+      i == 1 ? path.MoveTo(p.x, p.y) : path.LineTo(p.x, p.y);
+    }
+    return path;
+  }
+
+ private:
+  const TKDXBaseItem& fItem;
+  double fFactor;
+};
+
+template <class TItem>
+TPen PenOf(const TItem& aItem) {
+  return {aItem.fColor, aItem.GetPenWidth(), aItem.fLineType, false};
+}
+
+TBrush BrushOf(const TKDX2DItem& aItem) { return {aItem.fBackColor, aItem.fFill}; }
+
+/// The marks at the ends of a chain of points.
+template <class TItem>
+void PaintTermsAtEnds(TSurface& aSurface, const TItem& aItem, const TPaper& aPaper) {
+  const int last = aItem.NumPoints();
+  if (last < 2) return;
+  const auto paint = [&](TZORTermType aType, Single aSize, TAlphaColor aFill, int aTip, int aBefore) {
+    if (aType == ttNone) return;
+    const TPaperPoint tip = aPaper.Point(aTip), before = aPaper.Point(aBefore);
+    aSurface.Terminator(aType, tip.x, tip.y, before.x, before.y, aSize, PenOf(aItem), aFill);
+  };
+  paint(aItem.fFromType, aItem.GetSizeFrom(), aItem.fFromColor, 1, 2);
+  paint(aItem.fToType, aItem.GetSizeTo(), aItem.fToColor, last, last - 1);
+}
+
+TFontSpec FontOf(const TKDXBaseText& aText) {
+  return {aText.fFontName,  aText.fBold,      aText.fItalic,
+          aText.fUnderline, aText.fStrikeout, aText.fFontHeight / BaseInMM * aText.fRatio};
+}
+
+}  // namespace
+
+// Strokes -----------------------------------------------------------------------------
+
+void Paint(TSurface& aSurface, const TKDXBaseLine& aLine) {
+  const TPaper mm(aLine);
+  const TPaperPoint from = mm.Point(1), to = mm.Point(2);
+  aSurface.Line(from.x, from.y, to.x, to.y, PenOf(aLine));
+}
+
+void Paint(TSurface& aSurface, const TKDXBasePolyLine& aLine) {
+  const TPaper mm(aLine);
+  aSurface.Path(mm.Outline(), PenOf(aLine), {});
+  PaintTermsAtEnds(aSurface, aLine, mm);
+}
+
+void Paint(TSurface& aSurface, const TKDXBaseArc& aArc) {
+  const TPaper mm(aArc);
+  const double cx = mm(aArc.fBaseX), cy = mm(aArc.fBaseY), r = mm(aArc.fBaseRadio);
+  const TPen pen = PenOf(aArc);
+  aSurface.Arc(cx, cy, r, aArc.fStartAngle, aArc.fEndAngle, aArc.fClockWise, pen);
+  // A mark points out of the arc: along its run at the end, against it at the start.
+  const auto paint = [&](TZORTermType aType, Single aSize, TAlphaColor aFill, double aAngle, bool aAlong) {
+    if (aType == ttNone) return;
+    const double x = r * std::cos(aAngle), y = r * std::sin(aAngle);
+    const double against = std::atan2(-x, y);
+    aSurface.Terminator(aType, cx + x, cy + y, aAlong ? against + std::numbers::pi : against, 0, aSize, pen,
+                        aFill, true);
+  };
+  paint(aArc.fFromType, aArc.GetSizeFrom(), aArc.fFromColor, aArc.fStartAngle, !aArc.fClockWise);
+  paint(aArc.fToType, aArc.GetSizeTo(), aArc.fToColor, aArc.fEndAngle, aArc.fClockWise);
+}
+
+// Shapes ------------------------------------------------------------------------------
+
+void Paint(TSurface& aSurface, const TKDXBaseRectangle& aRect) {
+  const TPaper mm(aRect);
+  const TZORRect& r = aRect.fBoundsRect;
+  aSurface.Rect(mm(r.Left), mm(r.Top), mm(r.GetWidth()), mm(r.GetHeight()), aRect.GetMMRadio(), PenOf(aRect),
+                BrushOf(aRect));
+}
+
+void Paint(TSurface& aSurface, const TKDXBasePolygon& aPolygon) {
+  aSurface.Path(TPaper(aPolygon).Outline().Close(), PenOf(aPolygon), BrushOf(aPolygon));
+}
+
+void Paint(TSurface& aSurface, const TKDXBaseBezier& aBezier) {
+  const TPaper mm(aBezier);
+  const int count = aBezier.NumPoints();
+  TPath path;
+  for (int i = 1; i + 3 <= count; i += 3) {
+    const TPaperPoint start = mm.Point(i), c1 = mm.Point(i + 1), c2 = mm.Point(i + 2), end = mm.Point(i + 3);
+    if (i == 1) path.MoveTo(start.x, start.y);
+    path.CurveTo(c1.x, c1.y, c2.x, c2.y, end.x, end.y);
+  }
+  if (aBezier.fFill) path.Close();
+  TPen pen = PenOf(aBezier);
+  pen.roundCap = !aBezier.fFill;
+  aSurface.Path(path, pen, BrushOf(aBezier));
+  PaintTermsAtEnds(aSurface, aBezier, mm);
+}
+
+void Paint(TSurface& aSurface, const TKDXBaseCircle& aCircle) {
+  const TPaper mm(aCircle);
+  aSurface.Circle(mm(aCircle.fBaseX), mm(aCircle.fBaseY), mm(aCircle.fBaseRadio), PenOf(aCircle),
+                  BrushOf(aCircle));
+}
+
+void Paint(TSurface& aSurface, const TKDXBaseSector& aSector) {
+  const TPaper mm(aSector);
+  aSurface.Sector(mm(aSector.fBaseX), mm(aSector.fBaseY), mm(aSector.fBaseRadio), aSector.fCalcStart,
+                  aSector.fAngleGap, PenOf(aSector), BrushOf(aSector));
+}
+
+void Paint(TSurface& aSurface, const TKDXBaseEllipse& aEllipse) {
+  const TPaper mm(aEllipse);
+  aSurface.Ellipse(mm(aEllipse.fBaseX), mm(aEllipse.fBaseY), mm(aEllipse.fBaseRadioX),
+                   mm(aEllipse.fBaseRadioY), PenOf(aEllipse), BrushOf(aEllipse));
+}
+
+// Text --------------------------------------------------------------------------------
+
+void Paint(TSurface& aSurface, const TKDXBaseText& aText) {
+  const TPaper mm(aText);
+  const TZORRect r = aText.GetDisplayBoundsRect();
+  const double left = mm(r.Left), top = mm(r.Top), width = mm(r.GetWidth()), height = mm(r.GetHeight());
+  aSurface.Rect(left, top, width, height, aText.GetRadio(), {aText.fColor, aText.GetPenWidth()},
+                {aText.fBackColor, aText.fFill});
+  Single x = aText.GetPointMMX(1), y = aText.GetPointMMY(1);
+  AdjustPos(aText.FromBase(aText.fPaddingX), aText.FromBase(aText.fPaddingY), aText.fHorzAlign,
+            aText.fVertAlign, aText.fAngle, x, y);
+  const TTextPlace place{x,
+                         y,
+                         Anchors[aText.fHorzAlign],
+                         Verts[aText.fVertAlign],
+                         -QuarterTurn * static_cast<double>(aText.fAngle),
+                         aText.fScaleX};
+  const bool cut = aText.GetEffectiveWidth() < aText.fWidth;
+  if (!cut) return aSurface.Text(aText.fText, place, FontOf(aText), aText.fFontColor);
+  const TSavedState saved(aSurface);
+  aSurface.ClipRect(left, top, width, height);
+  aSurface.Text(aText.fText, place, FontOf(aText), aText.fFontColor);
+}
+
+void Measure(TFontEngine& aFonts, TKDXBaseText& aText) {
+  constexpr double Ratio = 1.0;  // The font height is the em size.
+  aText.fRatio = Ratio;
+  const TTextSize size = aFonts.Measure(aText.fText, FontOf(aText));
+  const auto base = [](double aMM) {
+    return static_cast<int>(Round(std::clamp<double>(aMM * BaseInMM, INT_MIN / 4, INT_MAX / 4)));
+  };
+  const int ascent = base(size.ascent), descent = base(size.descent);
+  aText.SetMeasured(base(size.width * aText.fScaleX), ascent + descent, ascent, descent, base(size.underline),
+                    Ratio);
+}
+
+}  // namespace Zor::inline Host

@@ -1,0 +1,37 @@
+// How each kind of item is painted and measured. What Paint puts on a surface is the picture of the item's
+// SVG; lengths that SVG output rounds are exact here, and a text may be struck out and cut at its display
+// width.
+#pragma once
+
+#include "host/TSurface.hpp"
+#include "kaldrix/core/TKDXBasePoint.hpp"
+#include "kaldrix/items/TKDXBaseArc.hpp"
+#include "kaldrix/items/TKDXBaseBezier.hpp"
+#include "kaldrix/items/TKDXBaseCircle.hpp"
+#include "kaldrix/items/TKDXBaseEllipse.hpp"
+#include "kaldrix/items/TKDXBaseLine.hpp"
+#include "kaldrix/items/TKDXBasePolyLine.hpp"
+#include "kaldrix/items/TKDXBasePolygon.hpp"
+#include "kaldrix/items/TKDXBaseRectangle.hpp"
+#include "kaldrix/items/TKDXBaseSector.hpp"
+#include "kaldrix/items/TKDXBaseText.hpp"
+
+namespace Zor::inline Host {
+
+/// A point shows nothing.
+inline void Paint(TSurface&, const TKDXBasePoint&) {}
+void Paint(TSurface& aSurface, const TKDXBaseLine& aLine);
+void Paint(TSurface& aSurface, const TKDXBasePolyLine& aLine);
+void Paint(TSurface& aSurface, const TKDXBaseArc& aArc);
+void Paint(TSurface& aSurface, const TKDXBaseRectangle& aRect);
+void Paint(TSurface& aSurface, const TKDXBasePolygon& aPolygon);
+void Paint(TSurface& aSurface, const TKDXBaseBezier& aBezier);
+void Paint(TSurface& aSurface, const TKDXBaseCircle& aCircle);
+void Paint(TSurface& aSurface, const TKDXBaseSector& aSector);
+void Paint(TSurface& aSurface, const TKDXBaseEllipse& aEllipse);
+void Paint(TSurface& aSurface, const TKDXBaseText& aText);
+
+/// Measures the text with `aFonts` and stores its size; the bounds follow.
+void Measure(TFontEngine& aFonts, TKDXBaseText& aText);
+
+}  // namespace Zor::inline Host

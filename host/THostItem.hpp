@@ -1,0 +1,31 @@
+#pragma once
+
+#include "host/ItemPainter.hpp"
+#include "host/TKDXSurfaceDraw.hpp"
+
+namespace Zor::inline Host {
+
+/// The fonts of the document that an item stands in, which has to be a TKDXLabel.
+TFontEngine& FontsOf(const TKDXBaseItem& aItem);
+
+/// The concrete items of this host: each is painted by the overload of Paint for its class, on a drawing and
+/// a print alike.
+template <class TBase>
+class THostItem final : public TBase {
+ public:
+  using TBase::TBase;
+  void DrawItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+  void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+};
+
+template <>
+class THostItem<TKDXBaseText> final : public TKDXBaseText {
+ public:
+  using TKDXBaseText::TKDXBaseText;
+  Single GetScale() const override { return fScaleX; }
+  void CalcValues(int /*aType*/) override { Measure(FontsOf(*this), *this); }
+  void DrawItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+  void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+};
+
+}  // namespace Zor::inline Host
