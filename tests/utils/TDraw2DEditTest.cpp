@@ -147,6 +147,10 @@ TEST(TDraw2DExtend, ToAnArcTriesTheNearestCrossingOnly) {
   EXPECT_EQ(extend({10, 0, 20, 0}, 10, 0), (TEdited{false, {10, 0, 20, 0}}));
   EXPECT_EQ(extend({-300, 0, -200, 0}, -200, 0), (TEdited{false, {-300, 0, -200, 0}}));
   EXPECT_EQ(extend({300, 60, 200, 60}, 200, 60), (TEdited{true, {300, 60, 80, 60}}));
+  TLine o;  // the same arc drawn the other way round
+  EXPECT_TRUE(TDraw2D::ExtendLineToArc(0, 100, 100, 0, 0, -100, 10, 0, 20, 0, 20, 0, o.x1, o.y1, o.x2, o.y2));
+  EXPECT_FALSE(
+      TDraw2D::ExtendLineToArc(0, 100, 100, 0, 0, -100, 10, 0, 20, 0, 10, 0, o.x1, o.y1, o.x2, o.y2));
 }
 
 TEST(TDraw2DTrim, AtAnArc) {
@@ -165,6 +169,19 @@ TEST(TDraw2DTrim, AtAnArc) {
   EXPECT_EQ(trim({-200, 60, 200, 60}, 0, 60), (TEdited{false, {-200, 60, 200, 60}}));     // off the arc
   EXPECT_EQ(trim({0, -50, 0, -90}, 0, -60), (TEdited{false, {0, -50, 0, -90}}));
   EXPECT_EQ(trim({0, 0, 200, 0}, 150, 0), (TEdited{true, {0, 0, 100, 0}}));  // at its end
+}
+
+TEST(TDraw2DTrim, AcceptsACrossingAThousandthOfARadianOffTheArc) {
+  for (Int64 y : {50, 150}) {  // half a thousandth, and one and a half, beyond either end
+    for (Int64 side : {-1, 1}) {
+      TLine o;
+      EXPECT_EQ(TDraw2D::TrimLineAtArc(-100000, 0, 0, -100000, 100000, 0, side * 200000, y, 0, y,
+                                       side * 190000, y, o.x1, o.y1, o.x2, o.y2),
+                y == 50)
+          << y << ' ' << side;
+      EXPECT_EQ(o, (TLine{side * (y == 50 ? 100000 : 200000), y, 0, y}));
+    }
+  }
 }
 
 TEST(TDraw2DJoin, KeepsTheSidesOfThePicks) {
@@ -231,6 +248,10 @@ TEST(TDraw2DOffset, Arcs) {
   EXPECT_EQ(p.y1, 0);
   EXPECT_NEAR(static_cast<double>(x), -550, 1);
   EXPECT_NEAR(static_cast<double>(y), -953, 1);
+  EXPECT_TRUE(TDraw2D::EquidistArc(1000, 0, -500, 866, -500, -866, 100, true, p.x1, p.y1, p.x2, p.y2, x, y));
+  EXPECT_EQ(p.x1, 900);
+  EXPECT_NEAR(static_cast<double>(x), -450, 1);
+  EXPECT_NEAR(static_cast<double>(y), 779, 1);  // inwards it runs the other way round
 }
 
 TEST(TDraw2DMarks, ArrowHeads) {
@@ -248,6 +269,8 @@ TEST(TDraw2DMarks, ArrowHeads) {
   EXPECT_EQ(p, (TLine{90, -17, 110, -17}));
   EXPECT_TRUE(TDraw2D::DrawArrowArc(0, 0, 100, 0, 20, p.x1, p.y1, p.x2, p.y2, false, 6.0F));
   EXPECT_EQ(p, (TLine{110, 17, 90, 17}));
+  TDraw2D::DrawArrowArc(0, 0, 100000, 5, 200000, p.x1, p.y1, p.x2, p.y2, true, 6.0F);
+  EXPECT_EQ(p, (TLine{0, -173200, 200000, -173200}));  // as if from straight right
   TDraw2D::DrawLeft(0, 0, 100, 0, 10, p.x1, p.y1, p.x2, p.y2);
   EXPECT_EQ(p, (TLine{93, -7, 107, 7}));
   TDraw2D::DrawRight(0, 0, 100, 0, 10, p.x1, p.y1, p.x2, p.y2);

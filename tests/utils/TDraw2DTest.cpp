@@ -144,6 +144,7 @@ TEST(TDraw2D, PointsNearSegments) {
   EXPECT_FALSE(TDraw2D::PointInLine(0, 0, 9, 3, 3, 2, 0));
   EXPECT_FALSE(TDraw2D::PointInLine(0, 0, 9, 3, 12, 4, 3));
   EXPECT_TRUE(TDraw2D::PointInLine(0, 0, 9, 0, 12, 4, 5));
+  EXPECT_FALSE(TDraw2D::PointInLine(0, 0, 9, 0, -4, -4, 5));
   EXPECT_TRUE(TDraw2D::PointInLine(5, 5, 5, 5, 8, 9, 5));
   EXPECT_FALSE(TDraw2D::PointInLine(5, 5, 5, 5, 5, 5, -1));
   EXPECT_TRUE(TDraw2D::PointOnSegment(5, 2, 0, 0, 10, 0, 2));
