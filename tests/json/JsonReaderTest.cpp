@@ -44,7 +44,7 @@ TEST(JsonReader, NumbersGetTheirKindByDigits) {
       {"5e-324", jdtFloat, "4.94065645841247E-324"},
   };
   for (const auto& c : cases) {
-    const auto tree = TJsonBaseObject::Parse("[" + std::string(c.Text) + "]");
+    const auto tree = TJsonBaseObject::Parse(std::string("[").append(c.Text).append("]"));
     EXPECT_EQ(tree->GetItem(0).Type(), c.Kind) << c.Text;
     EXPECT_EQ(tree->GetItem(0).GetString(), c.Written) << c.Text;
   }

@@ -112,16 +112,22 @@ TEST(JsonTree, DoubledNamesAreKeptAndTheFirstIsFound) {
   check(text + "}");
 }
 
+std::string Numbered(std::string_view aStem, int aNumber) {
+  std::string name(aStem);
+  name += std::to_string(aNumber);
+  return name;
+}
+
 TEST(JsonTree, ManyNamesAreFound) {
   constexpr int Many = 20000;
   TJsonObject root;
-  for (int i = 0; i < Many; ++i) root.SetInt("a name of some length " + std::to_string(i), i);
-  for (int i = 0; i < Many; ++i) root.SetInt("n" + std::to_string(i), i);
+  for (int i = 0; i < Many; ++i) root.SetInt(Numbered("a name of some length ", i), i);
+  for (int i = 0; i < Many; ++i) root.SetInt(Numbered("n", i), i);
   EXPECT_EQ(root.Count(), 2 * Many);
   root.Delete(0);
   for (int i = 1; i < Many; ++i) {
-    ASSERT_EQ(root.GetInt("a name of some length " + std::to_string(i)), i);
-    ASSERT_EQ(root.IndexOf("n" + std::to_string(i)), Many - 1 + i);
+    ASSERT_EQ(root.GetInt(Numbered("a name of some length ", i)), i);
+    ASSERT_EQ(root.IndexOf(Numbered("n", i)), Many - 1 + i);
   }
   EXPECT_FALSE(root.Contains("a name of some length 0"));
   root.Clear();
