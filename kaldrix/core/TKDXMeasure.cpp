@@ -78,14 +78,10 @@ int TKDXMeasure::SizeBase(Single aValue) const { return IsLabelling() ? UnitBase
 // Sizes
 // -------------------------------------------------------------------------------------------------------------
 
-void TKDXMeasure::SetWidth(Single aValue) { TakeWidth(SizeBase(aValue)); }
-void TKDXMeasure::SetHeight(Single aValue) { TakeHeight(SizeBase(aValue)); }
-void TKDXMeasure::SetPaperWidth(Single aValue) { TakePaperWidth(SizeBase(aValue)); }
-void TKDXMeasure::SetPaperHeight(Single aValue) { TakePaperHeight(SizeBase(aValue)); }
-
-void TKDXMeasure::TakeWidth(int aBase) {
-  if (aBase == fWidth) return;
-  const int width = std::max(aBase, LeastSize);
+void TKDXMeasure::SetWidth(Single aValue) {
+  const int base = SizeBase(aValue);
+  if (base == fWidth) return;
+  const int width = std::max(base, LeastSize);
   if (!IsLabelling()) ValidateDrawScaleForPaper(width, fPaperHeight);
   fWidth = width;
   if (fLabelType == ltCircle) fHeight = width;
@@ -93,9 +89,10 @@ void TKDXMeasure::TakeWidth(int aBase) {
   Changed();
 }
 
-void TKDXMeasure::TakeHeight(int aBase) {
-  if (aBase == fHeight) return;
-  const int height = std::max(aBase, LeastSize);
+void TKDXMeasure::SetHeight(Single aValue) {
+  const int base = SizeBase(aValue);
+  if (base == fHeight) return;
+  const int height = std::max(base, LeastSize);
   if (!IsLabelling()) ValidateDrawScaleForPaper(fPaperWidth, height);
   fHeight = height;
   if (fLabelType == ltCircle) fWidth = height;
@@ -103,8 +100,8 @@ void TKDXMeasure::TakeHeight(int aBase) {
   Changed();
 }
 
-void TKDXMeasure::TakePaperWidth(int aBase) {
-  const int width = std::max(aBase, LeastSize);
+void TKDXMeasure::SetPaperWidth(Single aValue) {
+  const int width = std::max(SizeBase(aValue), LeastSize);
   ValidateDrawScaleForPaper(width, fPaperHeight);
   fPaperWidth = width;
   fOwner->fModified = true;
@@ -113,8 +110,8 @@ void TKDXMeasure::TakePaperWidth(int aBase) {
   Changed();
 }
 
-void TKDXMeasure::TakePaperHeight(int aBase) {
-  const int height = std::max(aBase, LeastSize);
+void TKDXMeasure::SetPaperHeight(Single aValue) {
+  const int height = std::max(SizeBase(aValue), LeastSize);
   ValidateDrawScaleForPaper(fPaperWidth, height);
   fPaperHeight = height;
   fOwner->fModified = true;
@@ -348,7 +345,6 @@ void TKDXMeasure::ReadJson(int /*aVersion*/, TJsonObject& aJson) {
   fNote = aJson.GetString("Note");
   fContinousPaper = aJson.GetBool("ContinousPaper");
   fLabelType = GetEnum<TKaldrixType>(aJson, "LabelType");
-  fDrawScale = 1;  // The scale held before must not refuse the sizes of the file.
   ReadJsonSizes(aJson);
   fNuHor = aJson.GetInt("Rows");
   fNuVer = aJson.GetInt("Columns");
@@ -385,22 +381,14 @@ int TKDXMeasure::JsonBase(const TJsonObject& aJson, std::string_view aKey) const
   return GetLength(aJson, aKey, fOwner->RestrictedUnit());
 }
 
-/// The order matters: with tied paper what comes later counts.
-void TKDXMeasure::ReadJsonSizes(TJsonObject& aJson) {
-  const int paperWidth = JsonBase(aJson, "PaperWidth"), paperHeight = JsonBase(aJson, "PaperHeight");
-  const int width = JsonBase(aJson, "LabelWidth"), height = JsonBase(aJson, "LabelHeight");
-  TakePaperWidth(paperWidth);
-  TakePaperHeight(paperHeight);
-  TakeWidth(width);
-  TakeHeight(height);
-  if (fLabelType == ltCircle) {
-    // The setters tie the axes of a round label, but its paper on one axis only; so a round label may have
-    // come to sizes that no order of setters gives.
-    fPaperWidth = std::max(paperWidth, LeastSize);
-    fPaperHeight = std::max(paperHeight, LeastSize);
-    fWidth = std::max(width, LeastSize);
-    fHeight = std::max(height, LeastSize);
-  }
+/// The limits of the setters hold, but no size follows another here: a document that was a round label for a
+/// while may have come to sizes that no order of setters gives, and it has to read back as it was.
+void TKDXMeasure::ReadJsonSizes(const TJsonObject& aJson) {
+  const auto size = [&](std::string_view aKey) { return std::max(JsonBase(aJson, aKey), LeastSize); };
+  fPaperWidth = size("PaperWidth");
+  fPaperHeight = size("PaperHeight");
+  fWidth = size("LabelWidth");
+  fHeight = size("LabelHeight");
   TakeHeld(fMarLeft, JsonBase(aJson, "MarginLeft"), LeastMargin);
   TakeHeld(fMarTop, JsonBase(aJson, "MarginTop"), LeastMargin);
 }

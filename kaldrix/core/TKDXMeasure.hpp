@@ -152,10 +152,6 @@ class TKDXMeasure final : public TPersistent {
   void Changed();
 
   // The setters behind the conversion; base points.
-  void TakeWidth(int aBase);
-  void TakeHeight(int aBase);
-  void TakePaperWidth(int aBase);
-  void TakePaperHeight(int aBase);
   void TakeInnerCircle(int aBase);
   void TakeHeld(int& aField, int aValue, int aLeast);
   void TakeSpace(int& aField, Single& aLoaded, Single aValue, int aLeast);
@@ -166,7 +162,7 @@ class TKDXMeasure final : public TPersistent {
   int JsonBase(const TJsonObject& aJson, std::string_view aKey) const;
   void WriteJsonTitles(TJsonObject& aJson) const;
   void ReadJsonTitles(const TJsonObject& aJson);
-  void ReadJsonSizes(TJsonObject& aJson);
+  void ReadJsonSizes(const TJsonObject& aJson);
   void ReadJsonScale(const TJsonObject& aJson);
 };
 

@@ -1,9 +1,9 @@
 #include "kaldrix/core/TKDXSettings.hpp"
 
 #include <algorithm>
-#include <limits>
 #include <tuple>
 
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
@@ -38,12 +38,8 @@ void TKDXSettings::SetFillTermColor(TAlphaColor aValue) { SetPaintColor(fFillTer
 Single TKDXSettings::GetTermSize() const { return fOwner->GetValMM(fTermSize); }
 Single TKDXSettings::GetLinkGap() const { return fOwner->GetValMM(fLinkGap); }
 
-int TKDXSettings::HeldBase(Single aMM, int aLeast) const {
-  return static_cast<int>(std::clamp<Int64>(fOwner->SetValMM(aMM), aLeast, std::numeric_limits<int>::max()));
-}
-
-void TKDXSettings::SetTermSize(Single aMM) { fTermSize = HeldBase(aMM, LeastTermSize); }
-void TKDXSettings::SetLinkGap(Single aMM) { fLinkGap = HeldBase(aMM, LeastLinkGap); }
+void TKDXSettings::SetTermSize(Single aMM) { fTermSize = std::max(HeldBase(aMM), LeastTermSize); }
+void TKDXSettings::SetLinkGap(Single aMM) { fLinkGap = std::max(HeldBase(aMM), LeastLinkGap); }
 
 void TKDXSettings::Record(TRecord& r) {
   r.UInt32(fTermColor);

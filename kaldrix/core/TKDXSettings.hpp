@@ -47,7 +47,6 @@ class TKDXSettings final : public TPersistent {
  private:
   void Record(TRecord& r);
   void SetPaintColor(TAlphaColor& aField, TAlphaColor aValue);
-  int HeldBase(Single aMM, int aLeast) const;
 };
 
 }  // namespace Zor::inline Base
