@@ -43,6 +43,13 @@ inline Int64 RoundHeld(double aValue) {
 
 /// Nearest integer to the quotient, ties to even, held at the ends of Int64.
 inline Int64 RoundRatio(Int128 aNumerator, Int128 aDenominator) {
+  // In floats first, several times faster: below 2^40 their error is below a thousandth, so that only what is
+  // close to a half needs the division.
+  const double estimate = ToDouble(aNumerator) / ToDouble(aDenominator);
+  if (std::fabs(estimate) < 1099511627776.0) {
+    const Int64 nearest = Round(estimate);
+    if (std::fabs(estimate - static_cast<double>(nearest)) < 0.499) return nearest;
+  }
   Int128 quotient = aNumerator / aDenominator;
   const Int128 rest = aNumerator % aDenominator;
   const Int128 left = (aDenominator < 0 ? -aDenominator : aDenominator) - (rest < 0 ? -rest : rest);
