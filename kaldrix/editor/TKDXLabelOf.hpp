@@ -126,14 +126,16 @@ class TKDXLabelOf : public TKDXFileLabel {
   static TZORPtoA Box(Int64 cx, Int64 cy, Int64 rx, Int64 ry) {
     return {{AddHeld(cx, -rx), AddHeld(cy, -ry)}, {AddHeld(cx, rx), AddHeld(cy, ry)}};
   }
+  static double ToDouble(Int64 aValue) { return static_cast<double>(aValue); }
   static TZORPtoA BoxOf2(Int64 x1, Int64 y1, Int64 x2, Int64 y2) {
     Int64 cx = 0, cy = 0, r = 0;
-    TDraw2D::CircleTwoPoints(x1, y1, x2, y2, cx, cy, r);
+    TDraw2D::CircleTwoPoints(ToDouble(x1), ToDouble(y1), ToDouble(x2), ToDouble(y2), cx, cy, r);
     return Box(cx, cy, r, r);
   }
   static TZORPtoA BoxOf3(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) {
     Int64 cx = 0, cy = 0, r = 0;
-    TDraw2D::CircleThreePoints(x1, y1, x2, y2, x3, y3, cx, cy, r);
+    TDraw2D::CircleThreePoints(ToDouble(x1), ToDouble(y1), ToDouble(x2), ToDouble(y2), ToDouble(x3),
+                               ToDouble(y3), cx, cy, r);
     return Box(cx, cy, r, r);
   }
 };

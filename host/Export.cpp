@@ -1,0 +1,159 @@
+#include "host/Export.hpp"
+
+#include <unordered_set>
+
+#include "host/ExportPlan.hpp"
+#include "host/PngWriter.hpp"
+#include "host/TBackground.hpp"
+#include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/utils/TExSVG.hpp"
+
+namespace Zor::inline Host {
+
+namespace {
+
+constexpr double LeastDpi = 1, MostDpi = 9600;
+constexpr TAlphaColor NoPaper = 0;
+
+// Painting ----------------------------------------------------------------------------
+
+void PaintPlan(TSurface& aSurface, const TKDXLabel& aDocument, const TExportPlan& aPlan) {
+  TBackground background(aDocument);
+  TKDXSurfaceDraw drw(aSurface, aDocument.fMeasure->fDrawScale);
+  drw.fState = aPlan.IsSheet() ? dsExport : dsLabel;
+  const TPath shape = LabelShape(*aDocument.fMeasure);
+  for (const TLabelCell& cell : aPlan.cells) {
+    const TSavedState saved(aSurface);
+    aSurface.Translate(cell.x - aPlan.x, cell.y - aPlan.y);
+    if (aPlan.IsSheet()) aSurface.ClipPath(shape);
+    drw.aRow = static_cast<std::int16_t>(cell.row);
+    drw.aCol = static_cast<std::int16_t>(cell.column);
+    background.Paint(aSurface);
+    aPlan.ForItems(cell, [&drw](TKDXBaseItem& item) { item.DrawItem(drw); });
+  }
+}
+
+// SVG ---------------------------------------------------------------------------------
+
+constexpr std::string_view ClipName = "kaldrix-label";
+constexpr std::string_view BackName = "kaldrix-back";
+
+/// The root element that shows the part of the paper which the plan names.
+std::string Root(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions) {
+  const TZORUnitFacts& unit = UnitFacts(aDocument.fUnits);
+  const auto length = [&](double aMM) {
+    // The large units have no suffix in SVG: their sizes are told in millimetres.
+    const double value = unit.restricted ? aMM : static_cast<Single>(aMM / unit.millimetres);
+    return TExSVG::GetValUnit(value, aOptions.factor, unit.restricted ? unMM : aDocument.fUnits,
+                              aOptions.svgMode);
+  };
+  const auto number = [&](double aMM) { return TExSVG::GetVal(aMM, aOptions.factor, aOptions.svgMode); };
+  return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + length(aPlan.width) + "\" height=\"" +
+         length(aPlan.height) + "\" viewBox=\"" + number(aPlan.x) + " " + number(aPlan.y) + " " +
+         number(aPlan.width) + " " + number(aPlan.height) + "\">\n";
+}
+
+/// The sheet in the making: what the labels share goes to the definitions once.
+class TSheetSvg {
+ public:
+  TSheetSvg(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions)
+      : fPlan(aPlan), fOptions(aOptions) {
+    Define("<clipPath id=\"" + std::string(ClipName) + "\"><path d=\"" +
+           PathData(LabelShape(*aDocument.fMeasure), aOptions.svgMode, aOptions.factor) + "\"/></clipPath>");
+    DefineBackground(aDocument);
+  }
+
+  std::string Text(const std::string& aRoot) {
+    for (const TLabelCell& cell : fPlan.cells) AddLabel(cell);
+    return aRoot + "<defs>\n" + fDefinitions + "</defs>\n" + fBody + "</svg>\n";
+  }
+
+ private:
+  void DefineBackground(const TKDXLabel& aDocument) {
+    const TBackground background(aDocument);
+    if (background.Empty()) return;
+    TSvgList svg, defs;
+    background.WriteSvg(svg, defs, fOptions.svgMode, fOptions.factor);
+    Define(defs);
+    std::string group = "<g id=\"" + std::string(BackName) + "\">";
+    for (const std::string& line : svg) group += line;
+    Define(group + "</g>");
+    fBack = "<use href=\"#" + std::string(BackName) + "\"/>\n";
+  }
+  void AddLabel(const TLabelCell& aCell) {
+    fBody += "<g transform=\"translate(";
+    TExSVG::AppendVal(fBody, aCell.x, fOptions.factor, fOptions.svgMode);
+    fBody += ' ';
+    TExSVG::AppendVal(fBody, aCell.y, fOptions.factor, fOptions.svgMode);
+    ((fBody += ")\" clip-path=\"url(#") += ClipName) += ")\">\n";
+    ((fBody += fBack) += Content(aCell)) += "</g>\n";
+  }
+  /// The items of a label; where all labels are alike they are written once.
+  const std::string& Content(const TLabelCell& aCell) {
+    const bool ids = fOptions.ids && fWritten == 0;
+    if (fWritten == 0 || fPlan.Varies() || fHadIds != ids) fContent = WriteItems(aCell, ids);
+    fHadIds = ids;
+    ++fWritten;
+    return fContent;
+  }
+  std::string WriteItems(const TLabelCell& aCell, bool aIds) {
+    std::string text;
+    TSvgList svg, defs;
+    fPlan.ForItems(aCell, [&](const TKDXBaseItem& item) {
+      item.WriteSVG(svg, defs, fOptions.svgMode, fOptions.factor, aIds);
+      for (const std::string& line : svg) (text += line) += '\n';
+      Define(defs);
+      svg.clear();
+      defs.clear();
+    });
+    return text;
+  }
+  void Define(const TSvgList& aLines) {
+    for (const std::string& line : aLines) Define(line);
+  }
+  void Define(const std::string& aLine) {
+    if (fDefined.insert(aLine).second) (fDefinitions += aLine) += '\n';
+  }
+
+  const TExportPlan& fPlan;
+  const TExportOptions& fOptions;
+  std::string fDefinitions, fBody, fBack, fContent;
+  std::unordered_set<std::string> fDefined;
+  int fWritten = 0;
+  bool fHadIds = false;
+};
+
+}  // namespace
+
+std::string ExportSvg(TKDXLabel& aDocument, const TExportOptions& aOptions) {
+  const TExportPlan plan(aDocument, aOptions);
+  if (plan.IsSheet()) return TSheetSvg(aDocument, plan, aOptions).Text(Root(aDocument, plan, aOptions));
+  std::string text = aDocument.SVG(aOptions.svgMode, aOptions.factor, aOptions.ids);
+  // What is fitted is the whole drawing seen through another window.
+  if (aOptions.fit) text.replace(0, text.find('\n') + 1, Root(aDocument, plan, aOptions));
+  return text;
+}
+
+std::string ExportPng(TKDXLabel& aDocument, const TExportOptions& aOptions) {
+  if (!(aOptions.dpi >= LeastDpi && aOptions.dpi <= MostDpi)) {
+    throw EArgumentOutOfRangeException("The resolution must be between 1 and 9600 dots per inch");
+  }
+  const TExportPlan plan(aDocument, aOptions);
+  TSurface surface = TSurface::MakeRaster(aDocument.Fonts(), plan.width, plan.height, aOptions.dpi,
+                                          aOptions.transparent ? NoPaper : ColorWhite);
+  PaintPlan(surface, aDocument, plan);
+  return PngBytes(surface.Raster());
+}
+
+std::string ExportPdf(TKDXLabel& aDocument, const TExportOptions& aOptions) {
+  const TExportPlan plan(aDocument, aOptions);
+  const TKDXMeasure& measure = *aDocument.fMeasure;
+  TPdfInfo info;
+  info.title = measure.fTitle.empty() ? measure.fLabelName : measure.fTitle;
+  TSurface surface = TSurface::MakePdf(aDocument.Fonts(), plan.width, plan.height, info);
+  PaintPlan(surface, aDocument, plan);
+  return surface.FinishPdf();
+}
+
+}  // namespace Zor::inline Host

@@ -1,0 +1,117 @@
+#include "host/ExportPlan.hpp"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
+
+namespace Zor::inline Host {
+
+namespace {
+
+/// Labels on one sheet.
+constexpr std::size_t MostLabels = 10'000;
+
+double MM(Int64 aBase) { return static_cast<double>(aBase) / BaseInMM; }
+
+/// Rows and columns have 16 bits each.
+std::uint64_t CopyKey(int aInID, int aRow, int aColumn) {
+  const auto low = [](int aValue) { return static_cast<std::uint64_t>(aValue & 0xFFFF); };
+  return static_cast<std::uint64_t>(static_cast<std::uint32_t>(aInID)) << 32 | low(aRow) << 16 | low(aColumn);
+}
+
+}  // namespace
+
+TExportPlan::TExportPlan(TKDXLabel& aDocument, const TExportOptions& aOptions)
+    : fDocument(aDocument), fSheet(aOptions.page > 0) {
+  if (aOptions.page < 0) throw EArgumentOutOfRangeException("Pages count from 1");
+  if (fSheet && aOptions.fit) throw EArgumentException("A sheet of labels cannot be fitted to its items");
+  const TKDXMeasure& measure = *aDocument.fMeasure;
+  if (measure.fWidth <= 0 || measure.fHeight <= 0) throw EInvalidOperation("The label has no size");
+  aDocument.CalcPending();
+  if (fSheet) {
+    TakeSheet(aOptions.page);
+  } else {
+    cells.push_back({});
+    aOptions.fit ? TakeExtent() : TakeLabel();
+  }
+}
+
+void TExportPlan::TakeLabel() {
+  width = MM(fDocument.fMeasure->fWidth);
+  height = MM(fDocument.fMeasure->fHeight);
+}
+
+void TExportPlan::TakeExtent() {
+  Int64 left = -1, right = -1, top = -1, bottom = -1;
+  fDocument.CheckFit(left, right, top, bottom);
+  if (right < left || bottom < top) throw EInvalidOperation("There is nothing to fit to");
+  const double factor = fDocument.PaperFactor();
+  // A line without a pen has an extent of 0, a picture has not.
+  const auto length = [factor](Int64 aFrom, Int64 aTo) {
+    return std::max(static_cast<double>(SubHeld(aTo, aFrom)) / factor, 1 / BaseInMM);
+  };
+  x = static_cast<double>(left) / factor;
+  y = static_cast<double>(top) / factor;
+  width = length(left, right);
+  height = length(top, bottom);
+}
+
+void TExportPlan::TakeSheet(int aPage) {
+  const TKDXMeasure& measure = *fDocument.fMeasure;
+  const TKDXBasePrintInfo& print = *fDocument.fPrintInfo;
+  if (measure.fPaperWidth <= 0 || measure.fPaperHeight <= 0) throw EInvalidOperation("The paper has no size");
+  width = MM(measure.fPaperWidth);
+  height = MM(measure.fPaperHeight);
+  const Int64 most = fDocument.fData->fWalk == nullptr ? INT64_MAX : GoToPage(aPage);
+  const bool first = aPage == 1;
+  AddCells(first ? print.fFirstRow : 1, first ? print.fFirstCol : 1, most);
+}
+
+Int64 TExportPlan::GoToPage(int aPage) {
+  const TKDXBasePrintInfo& print = *fDocument.fPrintInfo;
+  fDocument.GoToPage(aPage, true, true);
+  const Int64 before =
+      aPage == 1 ? 0 : AddHeld(print.FirstPageLabels(), MulHeld(print.LabelsPerPage(), aPage - 2));
+  const Int64 most = SubHeld(print.fLabelsToPrint, before);
+  if (most < 1) throw EArgumentOutOfRangeException("Page " + std::to_string(aPage) + " has no labels");
+  fVaries = std::any_of(fDocument.fItems.begin(), fDocument.fItems.end(),
+                        [](const TKDXBaseItem* item) { return item->GetIsData(); });
+  if (fVaries) IndexCopies();
+  return most;
+}
+
+void TExportPlan::AddCells(int aRow, int aColumn, Int64 aMost) {
+  const TKDXMeasure& m = *fDocument.fMeasure;
+  const auto place = [](int aMargin, int aSize, int aGap, int aIndex) {
+    return aMargin + (Int64{aSize} + aGap) * (aIndex - 1);
+  };
+  int column = std::max(aColumn, 1);
+  for (int row = std::max(aRow, 1); row <= m.fNuHor; ++row, column = 1) {
+    const Int64 top = place(m.fMarTop, m.fHeight, m.fDiHor, row);
+    if (top >= m.fPaperHeight) return;
+    for (; column <= m.fNuVer; ++column) {
+      const Int64 left = place(m.fMarLeft, m.fWidth, m.fDiVer, column);
+      if (left >= m.fPaperWidth) break;
+      if (static_cast<Int64>(cells.size()) >= aMost) return;
+      if (cells.size() >= MostLabels) throw EInvalidOperation("There are too many labels on one sheet");
+      cells.push_back({MM(left), MM(top), row, column});
+    }
+  }
+}
+
+void TExportPlan::IndexCopies() {
+  for (TKDXBaseItem* copy : fDocument.fPreview) {
+    fCopies.emplace(CopyKey(copy->fInID, copy->aRow, copy->aCol), copy);
+  }
+}
+
+TKDXBaseItem* TExportPlan::CopyOf(const TKDXBaseItem& aItem, const TLabelCell& aCell) const {
+  const auto found = fCopies.find(CopyKey(aItem.fInID, aCell.row, aCell.column));
+  return found == fCopies.end() ? nullptr : found->second;
+}
+
+}  // namespace Zor::inline Host

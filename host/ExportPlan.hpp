@@ -1,0 +1,62 @@
+// What an export shows and where.
+#pragma once
+
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+#include "host/Export.hpp"
+
+namespace Zor::inline Host {
+
+/// A label on the sheet: its place in millimetres, and its row and column, 1-based, or 0 off a sheet.
+struct TLabelCell {
+  double x = 0;
+  double y = 0;
+  int row = 0;
+  int column = 0;
+};
+
+/// The part of the paper that becomes the picture, and the labels on it.
+class TExportPlan {
+ public:
+  /// Brings the document up to date: waiting items are measured, and with data the page is gone to. Raises an
+  /// Exception for what cannot be exported.
+  TExportPlan(TKDXLabel& aDocument, const TExportOptions& aOptions);
+
+  bool IsSheet() const { return fSheet; }
+  /// Does what the labels show differ from one to another?
+  bool Varies() const { return fVaries; }
+
+  /// Calls `aVisit` with the items that the label shows, lowest first. On a sheet a data item is replaced by
+  /// its copy for that label.
+  template <class TVisit>
+  void ForItems(const TLabelCell& aCell, TVisit aVisit) const {
+    for (TKDXBaseItem* item : fDocument.fItems) {
+      if (!item->Shows(lopVisible) || !item->Shows(lopExport)) continue;
+      TKDXBaseItem* shown = fVaries && item->GetIsData() ? CopyOf(*item, aCell) : item;
+      if (shown != nullptr) aVisit(*shown);
+    }
+  }
+
+  // Millimetres of paper.
+  double x = 0, y = 0, width = 0, height = 0;
+  std::vector<TLabelCell> cells;
+
+ private:
+  void TakeLabel();
+  void TakeExtent();
+  void TakeSheet(int aPage);
+  /// Goes to the page of the data; gives how many labels it holds at most.
+  Int64 GoToPage(int aPage);
+  void AddCells(int aRow, int aColumn, Int64 aMost);
+  void IndexCopies();
+  TKDXBaseItem* CopyOf(const TKDXBaseItem& aItem, const TLabelCell& aCell) const;
+
+  TKDXLabel& fDocument;
+  bool fSheet;
+  bool fVaries = false;
+  std::unordered_map<std::uint64_t, TKDXBaseItem*> fCopies;
+};
+
+}  // namespace Zor::inline Host
