@@ -12,6 +12,10 @@ add_library(kaldrix_warnings INTERFACE)
 target_compile_options(kaldrix_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
   -Wimplicit-fallthrough -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # False alarms of this compiler about joining short strings.
+  target_compile_options(kaldrix_warnings INTERFACE -Wno-restrict -Wno-stringop-overflow)
+endif()
 
 option(KALDRIX_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 if(KALDRIX_SANITIZE)

@@ -7,10 +7,11 @@
 
 namespace Zor::inline Base {
 
-/// Millimetres to 32-bit base points, held at the ends of 32 bits.
-inline int HeldBase(Single aMM) {
-  constexpr double least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
-  return static_cast<int>(Round(std::clamp(double{aMM} * BaseInMM, least, most)));
+/// A length in `aUnit` to 32-bit base points, held at the ends of 32 bits.
+inline int HeldBase(Single aValue, TZORUnits aUnit = unMM) {
+  constexpr Int64 least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
+  constexpr Single far = 1e10F;  // Beyond the ends in every unit, and far inside Int64.
+  return static_cast<int>(std::clamp(SetValue(std::clamp(aValue, -far, far), aUnit), least, most));
 }
 
 }  // namespace Zor::inline Base

@@ -83,7 +83,7 @@ void TKDXBaseLabel::ReadData(TBinaryReader& bR) {
   ReadRecords(bR, version, "Layer", LeastLayer, [&] { (new TKDXLayer(this))->ReadData(version, bR); });
   if (fLayers.IsEmpty()) new TKDXLayer(this);
   ReadRecords(bR, version, "Dimension style", LeastDimStyle,
-              [&] { (new TKDXDimStyle(this, ""))->ReadData(version, bR); });
+              [&] { (new TKDXDimStyle(this, false))->ReadData(version, bR); });
   if (fDimStyles.IsEmpty()) new TKDXDimStyle(this, "");
   ReadRecords(bR, version, "Counter", LeastCounter, [&] { (new TKDXCounter(this))->ReadData(version, bR); });
   CheckActive();

@@ -56,7 +56,8 @@ TKDXBaseItem& TKDXBaseLabel::MakeStoredItem(int aOrdinal) {
   const auto type = static_cast<TZORItemType>(aOrdinal);
   TKDXBaseItem* item = NewItemOfType(type, false);
   if (item != nullptr) return *item;
-  throw Exception("no class for items of type " + std::to_string(aOrdinal) + " (" + std::string(NameItem(type)) + ")");
+  throw Exception("no class for items of type " + std::to_string(aOrdinal) + " (" +
+                  std::string(NameItem(type)) + ")");
 }
 
 void TKDXBaseLabel::ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID) {

@@ -115,7 +115,7 @@ void TKDXBaseLabel::ReadJson(TJsonObject& aJson) {
   if (fLayers.IsEmpty()) new TKDXLayer(this);
   if (IsDrawingMode()) {
     ReadList(aJson, "DimStyles",
-             [&](TJsonObject& entry) { (new TKDXDimStyle(this, ""))->ReadJson(version, entry); });
+             [&](TJsonObject& entry) { (new TKDXDimStyle(this, false))->ReadJson(version, entry); });
     if (fDimStyles.IsEmpty()) new TKDXDimStyle(this, "");
   }
   ReadList(aJson, "Counters", [&](TJsonObject& entry) { (new TKDXCounter(this))->ReadJson(version, entry); });

@@ -33,6 +33,7 @@ void TKDXBaseLabel::RunCommands(TUndoStack& aStack, void (TKDXCmd::*aStep)()) {
   // Intended: the mirror of the first command still carries the reference as it stood before.
   fUnReRef = run();
   while (!aStack.IsEmpty() && aStack.Top()->fUndRedID == fUnReRef) run();
+  CalcPending();
   if (moved) FillSelPoints();
   Refresh();
   FireUndoRedoEvent();

@@ -1,9 +1,7 @@
 // Units, conversions, editor mode.
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
-#include <algorithm>
-#include <climits>
-
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/core/TKDXSettings.hpp"
@@ -90,8 +88,7 @@ void TKDXBaseLabel::SetSettings(const TKDXSettings* aValue) {
 }
 
 int TKDXBaseLabel::SetVal(Single aValue, bool aRestric) const {
-  const Int64 base = SetValue(aValue, aRestric ? RestrictedUnit() : fUnits);
-  return static_cast<int>(std::clamp<Int64>(base, INT_MIN, INT_MAX));
+  return HeldBase(aValue, aRestric ? RestrictedUnit() : fUnits);
 }
 
 double TKDXBaseLabel::PaperFactor() const { return static_cast<double>(fMeasure->fDrawScale) * BaseInMM; }

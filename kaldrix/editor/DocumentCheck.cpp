@@ -131,6 +131,14 @@ void CheckSizes(const TKDXBaseLabel& aDocument, TFindings& aFindings) {
   if (measure.fNuVer < 1) aFindings.emplace_back("Measures.Columns: below 1");
 }
 
+/// The second point of a text follows from its measured size, so what a file holds there does not count.
+void PassMeasured(const TJsonObject& aGiven, TJsonObject& aRead) {
+  const TJsonArray* given = aGiven.FindArray("Points");
+  TJsonArray* read = aRead.FindArray("Points");
+  if (given != nullptr && given->Count() > 1 && read->Count() > 1)
+    read->SetValue(1, given->GetItem(1).Clone());
+}
+
 void CheckItems(TKDXFileLabel& aScratch, TJsonObject& aJson, const TJsonObject& aGiven,
                 TFindings& aFindings) {
   const int version = aJson.GetInt("Version");
@@ -140,7 +148,9 @@ void CheckItems(TKDXFileLabel& aScratch, TJsonObject& aJson, const TJsonObject& 
   for (int i = 0; i < items.Count() && aFindings.size() < MostFindings; ++i) {
     try {
       const TKDXBaseItem& item = aScratch.ReadJsonItem(version, items.GetObject(i));
-      comparison.CompareObjects(Entry(i), given->GetObject(i), *item.WriteJson());
+      const std::unique_ptr<TJsonObject> read = item.WriteJson();
+      if (item.fItemType == itText) PassMeasured(given->GetObject(i), *read);
+      comparison.CompareObjects(Entry(i), given->GetObject(i), *read);
     } catch (const Exception& error) {
       aFindings.push_back(Entry(i) + ": " + error.what());
     }
