@@ -13,7 +13,7 @@ void TKDXBaseText::Record(TRecord& r) {
   TKDXBaseItem::Record(r);
   for (int* length : {&fFontHeight, &fRadio, &fDispWidth, &fPaddingX, &fPaddingY}) r.Int32(*length);
   r.Single(fScaleX);
-  if (!std::isfinite(fScaleX)) throw EReadError("ScaleX is no number");
+  if (r.Reading() && !std::isfinite(fScaleX)) throw EReadError("ScaleX is no number");
   RecordFont(r);
   r.UInt32(fBackColor);
   r.Boolean(fFill);

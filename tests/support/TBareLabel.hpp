@@ -37,7 +37,7 @@ class TBareLabel : public TKDXLabelOf<TBareItem> {
 };
 
 /// An observer that remembers what it was told.
-class TRecordingObserver : public IZOObserver {
+class TRecordingObserver final : public IZOObserver {
  public:
   explicit TRecordingObserver(TZODestUpdate aKind) : fKind(aKind) {}
   TZODestUpdate Destination() override { return fKind; }
