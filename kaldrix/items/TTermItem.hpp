@@ -102,7 +102,8 @@ class TTermItem : public TStyledItem<TBase>, public IZORSTerm {
  private:
   static int Held(Single aMM) {
     const double base = static_cast<double>(aMM) * BaseInMM;
-    return static_cast<int>(Round(std::clamp<double>(base, LeastTerm, MostTerm)));
+    // In this order a NaN becomes the least size.
+    return static_cast<int>(RoundLength(std::min<double>(std::max<double>(LeastTerm, base), MostTerm)));
   }
   void SetBase(int& aField, int aBase, int aIndex) {
     TKDXBaseValueCmd::AddCommand(*this, aIndex);

@@ -1,0 +1,396 @@
+// What every class of items has to keep. A new class joins by one row in Kinds.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+
+#include "kaldrix/core/TKDXMeasure.hpp"
+#include "support/TBareLabel.hpp"
+
+namespace Zor {
+namespace {
+
+struct TKind {
+  const char* name;
+  TKDXBaseItem* (*make)(TBareLabel&);
+  TZORPto hit;  ///< a position on the item
+};
+
+const TZORPtoA Triangle{{10000, 10000}, {20000, 10000}, {14000, 18000}};
+const TZORPtoA Curve{{10000, 10000}, {12000, 16000}, {16000, 4000}, {20000, 10000}};
+
+const TKind Kinds[] = {
+    {"Line",
+     [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewLine(10000, 10000, 20000, 14000); },
+     {15000, 12000}},
+    {"PolyLine",
+     [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewPolyLine(Triangle, 2); },
+     {15000, 10000}},
+    {"Arc",
+     [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewArc(20000, 15000, 15000, 20000, 10000, 15000); },
+     {15000, 20000}},
+    {"Rectangle",
+     [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewRectangle(10000, 10000, 10000, 8000); },
+     {10000, 12000}},
+    {"Polygon", [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewPolygon(Triangle, 2); }, {15000, 10000}},
+    {"Bezier", [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewBezier(Curve, 3); }, {15000, 10000}},
+    {"Circle",
+     [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewCircle(15000, 15000, 5000); },
+     {10000, 15000}},
+    {"Sector",
+     [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewSector(15000, 15000, 5000, 30, 120); },
+     {15000, 19999}},
+    {"Ellipse",
+     [](TBareLabel& doc) -> TKDXBaseItem* { return doc.NewEllipse(15000, 15000, 5000, 3000); },
+     {10000, 15000}},
+    {"Text",
+     [](TBareLabel& doc) -> TKDXBaseItem* {
+       auto* text = doc.NewText(15000, 15000);
+       text->SetText("Sample");
+       return text;
+     },
+     {15000, 15000}},
+};
+
+std::string Json(const TKDXBaseItem& aItem) { return aItem.WriteJson()->ToJSON(false); }
+
+std::string Bytes(const TKDXBaseItem& aItem) {
+  std::string bytes;
+  TBinaryWriter writer(bytes);
+  aItem.WriteData(writer);
+  return bytes;
+}
+
+TKDXBaseItem& FromBytes(TBareLabel& aDoc, const std::string& aBytes) {
+  std::string stream;
+  TBinaryWriter writer(stream);
+  writer.WriteInt32(FormatVersion);
+  aDoc.BeginRead(false);
+  aDoc.CreateElementFromStream(stream + aBytes);
+  aDoc.EndRead(false);
+  return *aDoc.fItems.Last();
+}
+
+TKDXBaseItem& FromJson(TBareLabel& aDoc, const std::string& aText) {
+  const auto json = TJsonBaseObject::Parse(aText);
+  aDoc.BeginRead(false);
+  TKDXBaseItem& item = aDoc.ReadJsonItem(FormatVersion, static_cast<TJsonObject&>(*json));
+  aDoc.EndRead(false);
+  return item;
+}
+
+class ItemContract : public testing::TestWithParam<TKind> {
+ protected:
+  ItemContract() : fItem(GetParam().make(fDoc)) {
+    fDoc.CalcPending();
+    ForgetUndo();
+  }
+
+  void ForgetUndo() { fDoc.Clear({cleUndoRedo}, false); }
+
+  TBareLabel fDoc;
+  TKDXBaseItem* fItem;
+};
+
+// Persistence -----------------------------------------------------------------------
+
+/// Angles pass through JSON with three decimals, and what is made from them is off by as much.
+bool IsNear(const TZORRect& a, const TZORRect& b) {
+  constexpr Int64 gap = 5;
+  return std::abs(a.Left - b.Left) <= gap && std::abs(a.Top - b.Top) <= gap &&
+         std::abs(a.Right - b.Right) <= gap && std::abs(a.Bottom - b.Bottom) <= gap;
+}
+
+/// Gives every property that an item may have another value than that of a new item.
+void Dress(TKDXBaseItem& aItem) {
+  aItem.SetID("Dressed");
+  aItem.SetColor(0x80FF4020);
+  aItem.SetPenWidth(0.35F);
+  aItem.SetOptions({lopVisible, lopExport});
+  if (auto* style = dynamic_cast<IZORStyle*>(&aItem)) style->SetLineType(ii411);
+  if (auto* back = dynamic_cast<IZORBack*>(&aItem)) back->SetBackColor(0x20102030);
+  if (auto* term = dynamic_cast<IZORSTerm*>(&aItem)) {
+    term->SetFromType(ttArrow);
+    term->SetToType(ttFillCircle);
+    term->SetFromColor(0xFF00FF00);
+    term->SetToColor(0xFF0000FF);
+    term->SetSizeFrom(1.25F);
+    term->SetSizeTo(4);
+  }
+}
+
+TEST_P(ItemContract, JsonAndBinaryBringTheSameItemBack) {
+  Dress(*fItem);
+  const std::string json = Json(*fItem), bytes = Bytes(*fItem);
+  TBareLabel other;
+  const TKDXBaseItem& fromJson = FromJson(other, json);
+  EXPECT_EQ(Json(fromJson), json);
+  EXPECT_TRUE(IsNear(fromJson.fBoundsRect, fItem->fBoundsRect));
+  TBareLabel third;
+  const TKDXBaseItem& fromBytes = FromBytes(third, bytes);
+  EXPECT_EQ(Bytes(fromBytes), bytes);
+  EXPECT_EQ(Json(fromBytes), json);
+  EXPECT_EQ(fromBytes.fBoundsRect, fItem->fBoundsRect);
+  TBareLabel fourth;
+  EXPECT_EQ(Json(FromBytes(fourth, Bytes(fromJson))), json);
+}
+
+TEST_P(ItemContract, EveryBrokenRecordIsRefused) {
+  const std::string bytes = Bytes(*fItem);
+  for (std::size_t length = 0; length < bytes.size(); ++length) {
+    TBareLabel other;
+    EXPECT_THROW(FromBytes(other, bytes.substr(0, length)), Exception) << length;
+  }
+}
+
+// Undo ------------------------------------------------------------------------------
+
+/// A setter that is recorded. It does nothing on an item that has not the property.
+struct TSetter {
+  const char* name;
+  void (*set)(TKDXBaseItem&);
+};
+
+template <class TAspect, class TSet>
+void With(TKDXBaseItem& aItem, TSet aSet) {
+  if (auto* aspect = dynamic_cast<TAspect*>(&aItem)) aSet(*aspect);
+}
+
+const TSetter Setters[] = {
+    {"Color", [](TKDXBaseItem& item) { item.SetColor(0xFF123456); }},
+    {"PenWidth", [](TKDXBaseItem& item) { item.SetPenWidth(0.7F); }},
+    {"PointX", [](TKDXBaseItem& item) { item.SetPointX(1, 8); }},
+    {"PointY", [](TKDXBaseItem& item) { item.SetPointY(1, 21); }},
+    {"BaseMove", [](TKDXBaseItem& item) { item.BaseMove(1234, 567, 0, 0, moAll, true); }},
+    {"LineType", [](TKDXBaseItem& item) { With<IZORStyle>(item, [](auto& a) { a.SetLineType(ii33); }); }},
+    {"FromType", [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetFromType(ttCross); }); }},
+    {"ToType", [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetToType(ttSquare); }); }},
+    {"FromColor",
+     [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetFromColor(0xFF00FFFF); }); }},
+    {"ToColor", [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetToColor(0xFF00FFFF); }); }},
+    {"SizeFrom", [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetSizeFrom(3.25F); }); }},
+    {"SizeTo", [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetBaseSizeTo(7000); }); }},
+    {"Filled",
+     [](TKDXBaseItem& item) { With<IZORBack>(item, [](auto& a) { a.SetFilled(!a.GetFilled()); }); }},
+    {"BackColor",
+     [](TKDXBaseItem& item) { With<IZORBack>(item, [](auto& a) { a.SetBackColor(0xFF654321); }); }},
+    {"Width", [](TKDXBaseItem& item) { With<IZORSize>(item, [](auto& a) { a.SetWidth(11); }); }},
+    {"Height", [](TKDXBaseItem& item) { With<IZORSize>(item, [](auto& a) { a.SetHeight(12); }); }},
+    {"Radio", [](TKDXBaseItem& item) { With<IZORRadio>(item, [](auto& a) { a.SetRadio(1.5F); }); }},
+    {"CenterX", [](TKDXBaseItem& item) { With<IZORCenter>(item, [](auto& a) { a.SetCenterX(22); }); }},
+    {"CenterY", [](TKDXBaseItem& item) { With<IZORCenter>(item, [](auto& a) { a.SetCenterY(19); }); }},
+    {"RadioX", [](TKDXBaseItem& item) { With<TKDXBaseEllipse>(item, [](auto& a) { a.SetRadioX(2.5F); }); }},
+    {"RadioY", [](TKDXBaseItem& item) { With<TKDXBaseEllipse>(item, [](auto& a) { a.SetRadioY(2.5F); }); }},
+    {"Angle", [](TKDXBaseItem& item) { With<IZORAngle>(item, [](auto& a) { a.SetAngle(ag90); }); }},
+    {"Text", [](TKDXBaseItem& item) { With<IZORText>(item, [](auto& a) { a.SetText("Other"); }); }},
+    {"FontName", [](TKDXBaseItem& item) { With<IZORFont>(item, [](auto& a) { a.SetFontName("Other"); }); }},
+    {"FontColor",
+     [](TKDXBaseItem& item) { With<IZORFont>(item, [](auto& a) { a.SetFontColor(0xFF111111); }); }},
+    {"Bold", [](TKDXBaseItem& item) { With<IZORFont>(item, [](auto& a) { a.SetBold(!a.GetBold()); }); }},
+    {"Italic",
+     [](TKDXBaseItem& item) { With<IZORFont>(item, [](auto& a) { a.SetItalic(!a.GetItalic()); }); }},
+};
+
+TEST_P(ItemContract, UndoAndRedoOfEachSetterAreExact) {
+  for (const TSetter& setter : Setters) {
+    SCOPED_TRACE(setter.name);
+    ForgetUndo();
+    const std::string before = Json(*fItem);
+    const TZORRect bounds = fItem->fBoundsRect;
+    setter.set(*fItem);
+    fDoc.CalcPending();
+    const std::string after = Json(*fItem);
+    const TZORRect boundsAfter = fItem->fBoundsRect;
+    EXPECT_EQ(fDoc.IsUndoEmpty(), before == after);
+    if (before == after) continue;
+    fDoc.Undo();
+    EXPECT_EQ(Json(*fItem), before);
+    EXPECT_EQ(fItem->fBoundsRect, bounds);
+    fDoc.Redo();
+    EXPECT_EQ(Json(*fItem), after);
+    EXPECT_EQ(fItem->fBoundsRect, boundsAfter);
+    fDoc.Undo();
+    EXPECT_EQ(Json(*fItem), before);
+  }
+}
+
+TEST_P(ItemContract, ADeletedItemComesBackWithItsIdentity) {
+  Dress(*fItem);
+  const std::string json = Json(*fItem);
+  const int id = fItem->fInID;
+  fDoc.DeleteItem(fItem, true);
+  EXPECT_EQ(fDoc.GetItemsCount(), 0);
+  fDoc.Undo();
+  ASSERT_EQ(fDoc.GetItemsCount(), 1);
+  EXPECT_EQ(fDoc.SearchItem(id, false), fDoc.GetItem(1));
+  EXPECT_EQ(Json(*fDoc.GetItem(1)), json);
+}
+
+// Geometry --------------------------------------------------------------------------
+
+TEST_P(ItemContract, FourQuarterTurnsEndWhereTheyBegan) {
+  fDoc.fMeasure->SetLabelSizeMM(40, 40);
+  const std::string json = Json(*fItem);
+  const TZORRect bounds = fItem->fBoundsRect;
+  for (int i = 0; i < 4; ++i) fItem->RotateLeft();
+  EXPECT_EQ(Json(*fItem), json);
+  EXPECT_EQ(fItem->fBoundsRect, bounds);
+  for (int i = 0; i < 4; ++i) fItem->RotateRight();
+  EXPECT_EQ(Json(*fItem), json);
+  EXPECT_EQ(fItem->fBoundsRect, bounds);
+}
+
+TEST_P(ItemContract, IsHitOnItselfAndMissedFarAway) {
+  const TZORPto hit = GetParam().hit;
+  EXPECT_TRUE(fItem->Pick(hit.bX, hit.bY, 100, true));
+  for (const TZORPto& far : {TZORPto{hit.bX + 30000, hit.bY}, TZORPto{hit.bX, hit.bY - 30000}}) {
+    EXPECT_FALSE(fItem->Pick(far.bX, far.bY, 100, true));
+  }
+  TZORRect around = fItem->fBoundsRect;
+  around.Inflate(1000, 1000);
+  EXPECT_TRUE(fItem->SearchRect(around, false));
+  EXPECT_TRUE(fItem->SearchRect(around, true));
+  around.Offset(30000, 30000);
+  EXPECT_FALSE(fItem->SearchRect(around, false));
+  EXPECT_FALSE(fItem->SearchRect(around, true));
+}
+
+TEST_P(ItemContract, BaseMoveMovesTheBounds) {
+  TZORRect expected = fItem->fBoundsRect;
+  expected.Offset(1500, -700);
+  fItem->BaseMove(1500, -700, 0, 0, moAll, true);
+  EXPECT_EQ(fItem->fBoundsRect, expected);
+  fItem->UpdateBounds();
+  EXPECT_EQ(fItem->fBoundsRect, expected);
+}
+
+TEST_P(ItemContract, APasteIsShiftedSelectedAndHasAnIdentityOfItsOwn) {
+  fDoc.SetSelection(fItem, isSelected);
+  fDoc.CopySelection();
+  fDoc.PasteSelection();
+  ASSERT_EQ(fDoc.GetItemsCount(), 2);
+  const TKDXBaseItem& pasted = *fDoc.GetItem(2);
+  EXPECT_EQ(fDoc.Select(), &pasted);
+  EXPECT_FALSE(fDoc.Selected(*fItem));
+  EXPECT_NE(pasted.fInID, fItem->fInID);
+  TZORRect expected = fItem->fBoundsRect;
+  expected.Offset(2000, 2000);
+  EXPECT_EQ(pasted.fBoundsRect, expected);
+}
+
+TEST_P(ItemContract, FarCoordinatesDoNoHarm) {
+  for (const Int64 far : {MaxCoordinate, -MaxCoordinate}) {
+    for (int i = 1; i <= fItem->NumPoints(); ++i) fItem->SetBase(i, i % 2 == 0 ? far : -far / 3, far);
+    fItem->UpdateBounds();
+    fItem->Pick(far, far, 1000, true);
+    fItem->SearchRect({-far, -far, far, far}, true);
+    TZORRef reference;
+    for (int snap = 0; snap < EnumCount<TZORSnap>; ++snap) {
+      fItem->CheckPoint(far, far, 1000, static_cast<TZORSnap>(snap), reference);
+    }
+    Int64 minX = -1, maxX = -1, minY = -1, maxY = -1;
+    fItem->CheckFit(minX, maxX, minY, maxY);
+    fItem->CenterPoint();
+    fItem->InsertPoint(0, 0, 1000);
+    fItem->BaseMove(far, far, 0, 0, moAll, true);
+    TSvgList svg, defs;
+    fItem->WriteSVG(svg, defs, svCurrentUnit, 1, true);
+    EXPECT_FALSE(Json(*fItem).empty());
+  }
+}
+
+// SVG -------------------------------------------------------------------------------
+
+/// Whether tags and quotes of the text close in order. Enough for what a writer of attributes can get wrong.
+bool IsWellFormed(const std::string& aText) {
+  std::vector<std::string> open;
+  std::size_t at = 0;
+  while ((at = aText.find_first_of("<>&", at)) != std::string::npos) {
+    if (aText[at] == '&') {
+      const std::size_t end = aText.find(';', at);
+      if (end == std::string::npos || end - at > 6) return false;
+      at = end + 1;
+      continue;
+    }
+    if (aText[at] == '>') return false;
+    bool quoted = false;
+    std::size_t end = at + 1;
+    for (; end < aText.size() && (quoted || aText[end] != '>'); ++end) {
+      if (aText[end] == '"') quoted = !quoted;
+      if (aText[end] == '<') return false;
+    }
+    if (end == aText.size()) return false;
+    const std::string tag = aText.substr(at + 1, end - at - 1);
+    const std::string name = tag.substr(0, tag.find_first_of(" /", 1));
+    if (tag.front() == '/') {
+      if (open.empty() || "/" + open.back() != name) return false;
+      open.pop_back();
+    } else if (tag.back() != '/') {
+      open.push_back(name);
+    }
+    at = end + 1;
+  }
+  return open.empty();
+}
+
+TEST_P(ItemContract, SvgIsWellFormedInEveryMode) {
+  Dress(*fItem);
+  fItem->SetID("a \"b\" <c> & d");
+  for (const TZORExportSVG mode : {svCurrentUnit, svCurUnitNoMed, svFactor, svFactorPx}) {
+    for (const bool filled : {true, false}) {
+      With<IZORBack>(*fItem, [filled](auto& back) { back.SetFilled(filled); });
+      const std::string svg = fDoc.SVG(mode, 3.78F, true);
+      EXPECT_TRUE(IsWellFormed(svg)) << svg;
+      EXPECT_EQ(svg.find("nan"), std::string::npos) << svg;
+      EXPECT_NE(svg.find("id=\"a&quot;b&quot;&lt;c&gt;&amp;d\""), std::string::npos) << svg;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Items, ItemContract, testing::ValuesIn(Kinds),
+                         [](const auto& aInfo) { return std::string(aInfo.param.name); });
+
+// Items without points --------------------------------------------------------------
+
+class ItemWithoutPoints : public testing::TestWithParam<TZORItemType> {};
+
+TEST_P(ItemWithoutPoints, TakesEveryOperation) {
+  TBareLabel source;
+  const TKDXBaseItem* empty = source.NewItemOfType(GetParam(), false);
+  for (const bool binary : {false, true}) {
+    TBareLabel doc;
+    TKDXBaseItem& item = binary ? FromBytes(doc, Bytes(*empty)) : FromJson(doc, Json(*empty));
+    ASSERT_EQ(item.NumPoints(), 0);
+    EXPECT_EQ(item.CenterPoint(), TZORBase{});
+    EXPECT_FALSE(item.Pick(-1, -1, 100, true));
+    EXPECT_FALSE(item.SearchRect({0, 0, 90000, 90000}, true));
+    EXPECT_FALSE(item.InsertPoint(0, 0, 100));
+    TZORRef reference;
+    for (const TZORSnap snap : {snMiddle, snEnd, snPerpendicular}) {
+      EXPECT_FALSE(item.CheckPoint(0, 0, 100, snap, reference));
+    }
+    Int64 minX = -1, maxX = -1, minY = -1, maxY = -1;
+    With<IZORSTerm>(item, [](auto& term) { term.SetFromType(ttArrow); });
+    item.CheckFit(minX, maxX, minY, maxY);
+    EXPECT_EQ(minX, -1);
+    TSvgList svg, defs;
+    item.WriteSVG(svg, defs, svCurrentUnit, 1, false);
+    EXPECT_TRUE(svg.empty());
+    item.RotateLeft();
+    item.RotateRight();
+    item.BaseMove(1000, 1000, 500, 500, moAll, true);
+    item.Move(1, 1, moRight);
+    item.MoveToGrid(1000, 1000, true, true);
+    Int64 dx = 10, dy = 10;
+    item.CheckBaseBoundsMove(dx, dy, moAll);
+    while (!doc.IsUndoEmpty()) doc.Undo();
+    EXPECT_EQ(doc.GetItemsCount(), 1);
+    EXPECT_EQ(doc.fItems.Last()->NumPoints(), 0);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Items, ItemWithoutPoints, testing::Values(itPolyLine, itPolygon, itBezier),
+                         [](const auto& aInfo) { return std::string(NameItem(aInfo.param)); });
+
+}  // namespace
+}  // namespace Zor
