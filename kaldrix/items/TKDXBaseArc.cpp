@@ -24,7 +24,8 @@ constexpr int LeastGap = 2;
 constexpr double EndTolerance = 0.03;
 
 bool Fits(const TBaseCircle& c) {
-  return std::abs(c.x) <= MostCircle && std::abs(c.y) <= MostCircle && c.r > 0 && c.r <= MostCircle;
+  const auto within = [](Int64 v) { return v >= -MostCircle && v <= MostCircle; };
+  return within(c.x) && within(c.y) && c.r > 0 && c.r <= MostCircle;
 }
 
 }  // namespace
