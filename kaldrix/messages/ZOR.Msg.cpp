@@ -28,7 +28,6 @@ constexpr std::array Groups{
     TGroup{"lis", "List", 57},    TGroup{"dia", "Dialogs", 76}, TGroup{"edi", "Editor", 34},
     TGroup{"act", "Actions", 66}, TGroup{"cmd", "Commands", 0},
 };
-constexpr std::size_t PrefixLength = 3;
 
 // In the order in which one is read; of a key that stands twice the later text counts.
 constexpr std::array<std::string_view, 8> ReadOrder{"Error",   "Info",   "Commands", "Properties",
@@ -80,8 +79,13 @@ std::string TKDXMsg::GetActionsValue(std::string_view aResName) { return Value("
 std::string TKDXMsg::GetCommandValue(std::string_view aResName) { return Value("cmd", aResName); }
 
 void TKDXMsg::LoadResources(const std::string& aFileName) {
-  Catalogue() = BuiltIn();
+  LoadText({});
   if (FileExists(aFileName)) Overlay(Catalogue(), TIniFile::LoadFromFile(aFileName));
+}
+
+void TKDXMsg::LoadText(std::string_view aText) {
+  Catalogue() = BuiltIn();
+  Overlay(Catalogue(), TIniFile::FromText(aText));
 }
 
 void TKDXMsg::SaveToIniFile(const std::string& aFileName) { WriteFileAtomically(aFileName, IniText()); }
@@ -94,15 +98,13 @@ std::string TKDXMsg::IniText() {
 
   TIniFile file;
   file.Append("language", "name", "english");
-  for (const TGroup& group : Groups) file.Section(group.Section);
-  for (const std::string& line : lines) {
-    const std::string_view prefix = std::string_view(line).substr(0, PrefixLength);
-    const auto group = std::find_if(Groups.begin(), Groups.end(),
-                                    [&](const TGroup& candidate) { return candidate.Prefix == prefix; });
-    if (group == Groups.end()) continue;
-    const std::size_t equals = line.find('=');
-    file.Append(group->Section, std::string_view(line).substr(0, equals),
-                std::string_view(line).substr(equals + 1));
+  for (const TGroup& group : Groups) {
+    TIniFile::TLines& section = file.Section(group.Section).Lines;
+    auto line = std::lower_bound(lines.begin(), lines.end(), group.Prefix);
+    for (; line != lines.end() && line->starts_with(group.Prefix); ++line) {
+      const std::size_t equals = line->find('=');
+      section.emplace_back(line->substr(0, equals), line->substr(equals + 1));
+    }
   }
   return file.ToText();
 }

@@ -33,6 +33,8 @@ class TKDXMsg {
   /// added; what is no such line is passed over. A file that exists and cannot be read, or is larger than
   /// TIniFile::MaxFileBytes, raises EStreamError, and the built-in texts stand.
   static void LoadResources(const std::string& aFileName);
+  /// The same from the text of such a file.
+  static void LoadText(std::string_view aText);
 
   /// Writes all texts as a language file (a translator's template), replacing an existing one. A key
   /// without a known prefix is not written.
