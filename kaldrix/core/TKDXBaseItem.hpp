@@ -104,7 +104,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   // Reference points and alignment --------------------------------------------------
 
   int GetNumRefPoints() const;
-  TZORPto GetRefPoint(int aIndex) const;
+  virtual TZORPto GetRefPoint(int aIndex) const;
   /// The axes on which the item takes part in spacing and alignment.
   TZORAlignTypes AlignTypes() const;
   /// The extent on one axis, anHorz for x. Some kinds leave both values alone.

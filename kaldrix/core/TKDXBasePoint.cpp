@@ -43,6 +43,11 @@ bool TKDXBasePoint::Pick(Int64 ax, Int64 ay, int gap, bool /*aInt*/) const {
   return inside(ax, centre.bX) && inside(ay, centre.bY);
 }
 
+void TKDXBasePoint::ReadJson(int aVersion, TJsonObject& aJson) {
+  TKDXBaseItem::ReadJson(aVersion, aJson);
+  UpdateBounds();
+}
+
 void TKDXBasePoint::UpdateBounds() {
   const TZORPto centre = GetPoint(1);
   fBoundsRect = {centre.bX - HalfBounds, centre.bY - HalfBounds, centre.bX + HalfBounds,

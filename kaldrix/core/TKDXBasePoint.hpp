@@ -19,6 +19,7 @@ class TKDXBasePoint : public TKDXBaseItem, public IZORLink {
   // Operations of the classes --------------------------------------------------
 
   bool Pick(Int64 ax, Int64 ay, int gap, bool aInt) const override;
+  void ReadJson(int aVersion, TJsonObject& aJson) override;
   void WriteSVG(TSvgList&, TSvgList&, TZORExportSVG, Single, bool) const override {}
   void UpdateBounds() override;
   void RotateLeft() override {}

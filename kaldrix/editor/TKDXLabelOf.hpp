@@ -45,7 +45,9 @@ class TKDXLabelOf : public TKDXFileLabel {
     return Make<TKDXBasePolygon>(Taken(pts, high));
   }
   TItem<TKDXBaseArc>* NewArc(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) override {
-    return new TItem<TKDXBaseArc>(*this, x1, y1, x2, y2, x3, y3, false);
+    auto* arc = new TItem<TKDXBaseArc>(*this, x1, y1, x2, y2, x3, y3, false);
+    arc->fLayer = &GetLayer(fActiveLayer + 1);
+    return arc;
   }
   TItem<TKDXBaseRectangle>* NewRectangle(Int64 x, Int64 y, Int64 w, Int64 h) override {
     return Make<TKDXBaseRectangle>({{x, y}, {AddHeld(x, w), AddHeld(y, h)}});

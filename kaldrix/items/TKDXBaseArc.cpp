@@ -147,6 +147,10 @@ bool TKDXBaseArc::Passes(double aAngle) const {
                     : TDraw2D::IsAngleWithinArc(aAngle, fEndAngle, fStartAngle);
 }
 
+TZORPto TKDXBaseArc::GetRefPoint(int aIndex) const {
+  return aIndex == 1 || aIndex == 2 ? GetPto(2 * aIndex - 1) : TZORPto{};
+}
+
 TZORBase TKDXBaseArc::CenterPoint() const { return {fArcPoints[3].bX, fArcPoints[3].bY}; }
 
 // Picking, snapping and extent ------------------------------------------------------

@@ -71,6 +71,8 @@ class TKDXBaseArc : public TTermItem<TKDXBaseItem> {
   /// The points of the arc move along, whatever edge moves.
   void BaseMove(Int64 ax, Int64 ay, Int64 grX, Int64 grY, TZORMoveOpt aMoveOp, bool aUpdate) override;
   /// The middle mark.
+  /// The two ends of the arc.
+  TZORPto GetRefPoint(int aIndex) const override;
   TZORBase CenterPoint() const override;
   void Move(Single ax, Single ay, TZORMoveOpt aMoveOp) override;
 
