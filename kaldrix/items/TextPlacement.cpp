@@ -80,8 +80,8 @@ T BaselineOffset(T a, T b, TZORTextPos aPos) {
   return a - (a + b) / 2;
 }
 
-TTextPlace<double> PlaceOnSegment(double x1, double y1, double x2, double y2, double a, double b, double w,
-                                  TZORTextPos aPos) {
+TSegmentText<double> PlaceOnSegment(double x1, double y1, double x2, double y2, double a, double b, double w,
+                                    TZORTextPos aPos) {
   // The direction of reading: to the right, or upwards on a vertical segment.
   double c = 1, s = 0, angle = 0;
   const double dx = x2 - x1, dy = y2 - y1, length = std::hypot(dx, dy);
@@ -107,7 +107,7 @@ TTextPlace<double> PlaceOnSegment(double x1, double y1, double x2, double y2, do
 }
 
 template <class T, class TConvert>
-TTextPlace<T> Converted(const TTextPlace<double>& p, TConvert aConvert) {
+TSegmentText<T> Converted(const TSegmentText<double>& p, TConvert aConvert) {
   return {aConvert(p.X),     aConvert(p.Y),     p.angle,          aConvert(p.gapX1),
           aConvert(p.gapY1), aConvert(p.gapX2), aConvert(p.gapY2)};
 }
@@ -149,19 +149,19 @@ void DrawPos(Single& x, Single& y, Single aX, Single aY, Single px, Single py, S
   HangBlock(flow.alongX ? y : x, flow.alongX ? aY : aX, py, flow.alongX ? h : w, vAlign, flow.across);
 }
 
-TTextPlace<Single> PosText(Single x1, Single y1, Single x2, Single y2, Single a, Single b, Single w,
-                           TZORTextPos aPos) {
+TSegmentText<Single> PosText(Single x1, Single y1, Single x2, Single y2, Single a, Single b, Single w,
+                             TZORTextPos aPos) {
   return Converted<Single>(PlaceOnSegment(x1, y1, x2, y2, a, b, w, aPos),
                            [](double v) { return static_cast<Single>(v); });
 }
 
-TTextPlace<int> PosPrintText(int x1, int y1, int x2, int y2, int a, int b, int w, TZORTextPos aPos) {
+TSegmentText<int> PosPrintText(int x1, int y1, int x2, int y2, int a, int b, int w, TZORTextPos aPos) {
   return Converted<int>(PlaceOnSegment(x1, y1, x2, y2, a, b, w, aPos),
                         [](double v) { return static_cast<int>(Round(v)); });
 }
 
 bool PosBaseText(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 a, Int64 b, Int64 w, TZORTextPos aPos,
-                 TTextPlace<Int64>& aPlace, TZORRect& aBox) {
+                 TSegmentText<Int64>& aPlace, TZORRect& aBox) {
   const Int64 offset = BaselineOffset(a, b, aPos);
   if (y1 == y2) {
     const Int64 from = x1 + (x2 - x1) / 2 - w / 2, to = from + w, baseline = y1 + offset;

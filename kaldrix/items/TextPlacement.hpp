@@ -48,23 +48,23 @@ void DrawPos(Single& x, Single& y, Single aX, Single aY, Single px, Single py, S
 /// A text on a segment: where its baseline begins, its angle in radians clockwise on the page, and the ends
 /// of the gap that it leaves in the segment, the one nearer to the first point first.
 template <class T>
-struct TTextPlace {
+struct TSegmentText {
   T X = 0, Y = 0;
   Single angle = 0;
   T gapX1 = 0, gapY1 = 0, gapX2 = 0, gapY2 = 0;
 
-  friend bool operator==(const TTextPlace&, const TTextPlace&) = default;
+  friend bool operator==(const TSegmentText&, const TSegmentText&) = default;
 };
 
 /// Places a text of width w, a above and b below its baseline, in the middle of a segment: above it, below
 /// it, or for the other positions on it. All in one unit.
-TTextPlace<Single> PosText(Single x1, Single y1, Single x2, Single y2, Single a, Single b, Single w,
-                           TZORTextPos aPos);
+TSegmentText<Single> PosText(Single x1, Single y1, Single x2, Single y2, Single a, Single b, Single w,
+                             TZORTextPos aPos);
 /// The same in whole dots, rounded to the nearest.
-TTextPlace<int> PosPrintText(int x1, int y1, int x2, int y2, int a, int b, int w, TZORTextPos aPos);
+TSegmentText<int> PosPrintText(int x1, int y1, int x2, int y2, int a, int b, int w, TZORTextPos aPos);
 /// The same in base points with the box of the text, for horizontal and vertical segments; false, with the
 /// outputs untouched, for others.
 bool PosBaseText(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 a, Int64 b, Int64 w, TZORTextPos aPos,
-                 TTextPlace<Int64>& aPlace, TZORRect& aBox);
+                 TSegmentText<Int64>& aPlace, TZORRect& aBox);
 
 }  // namespace Zor::inline Text

@@ -136,7 +136,7 @@ struct TSegmentCase {
   const char* name;
   std::array<Single, 4> segment;
   TZORTextPos pos;
-  TTextPlace<Single> expected;
+  TSegmentText<Single> expected;
 };
 
 TEST(TextPlacement, PosTextStandsInTheMiddleOfASegment) {
@@ -156,7 +156,7 @@ TEST(TextPlacement, PosTextStandsInTheMiddleOfASegment) {
   };
   for (const TSegmentCase& c : cases) {
     const auto& [x1, y1, x2, y2] = c.segment;
-    const TTextPlace<Single> got = PosText(x1, y1, x2, y2, 8, 2, 20, c.pos);
+    const TSegmentText<Single> got = PosText(x1, y1, x2, y2, 8, 2, 20, c.pos);
     constexpr Single gap = 1e-4F;
     EXPECT_NEAR(got.X, c.expected.X, gap) << c.name;
     EXPECT_NEAR(got.Y, c.expected.Y, gap) << c.name;
@@ -166,20 +166,20 @@ TEST(TextPlacement, PosTextStandsInTheMiddleOfASegment) {
     EXPECT_NEAR(got.gapX2, c.expected.gapX2, gap) << c.name;
     EXPECT_NEAR(got.gapY2, c.expected.gapY2, gap) << c.name;
   }
-  EXPECT_EQ(PosPrintText(0, 0, 30, 40, 8, 2, 20, tpAbove), (TTextPlace<int>{11, 11, slope, 9, 12, 21, 28}));
+  EXPECT_EQ(PosPrintText(0, 0, 30, 40, 8, 2, 20, tpAbove), (TSegmentText<int>{11, 11, slope, 9, 12, 21, 28}));
 }
 
 TEST(TextPlacement, PosBaseTextKnowsAxisParallelSegments) {
-  TTextPlace<Int64> place;
+  TSegmentText<Int64> place;
   TZORRect box;
   ASSERT_TRUE(PosBaseText(100, 0, 0, 0, 8, 2, 20, tpMiddle, place, box));
-  EXPECT_EQ(place, (TTextPlace<Int64>{40, 3, 0, 60, 0, 40, 0}));
+  EXPECT_EQ(place, (TSegmentText<Int64>{40, 3, 0, 60, 0, 40, 0}));
   EXPECT_EQ(box, (TZORRect{40, -5, 60, 5}));
   ASSERT_TRUE(PosBaseText(0, 100, 0, 0, 8, 2, 20, tpAbove, place, box));
-  EXPECT_EQ(place, (TTextPlace<Int64>{-2, 60, UpTurn, 0, 60, 0, 40}));
+  EXPECT_EQ(place, (TSegmentText<Int64>{-2, 60, UpTurn, 0, 60, 0, 40}));
   EXPECT_EQ(box, (TZORRect{-10, 40, 0, 60}));
 
-  const TTextPlace<Int64> before = place;
+  const TSegmentText<Int64> before = place;
   EXPECT_FALSE(PosBaseText(0, 0, 30, 40, 8, 2, 20, tpAbove, place, box));
   EXPECT_EQ(place, before);
   EXPECT_EQ(box, (TZORRect{-10, 40, 0, 60}));
