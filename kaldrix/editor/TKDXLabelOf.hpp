@@ -14,6 +14,7 @@
 #include "kaldrix/items/TKDXBaseRectangle.hpp"
 #include "kaldrix/items/TKDXBaseSector.hpp"
 #include "kaldrix/items/TKDXBaseText.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/utils/TDraw2D.hpp"
 
 namespace Zor::inline Base {
@@ -135,6 +136,9 @@ class TKDXLabelOf : public TKDXFileLabel {
     return Box(cx, cy, r, r);
   }
   static TZORPtoA BoxOf3(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) {
+    const double ax = ToDouble(x2) - ToDouble(x1), ay = ToDouble(y2) - ToDouble(y1);
+    const double bx = ToDouble(x3) - ToDouble(x1), by = ToDouble(y3) - ToDouble(y1);
+    if (ax * by == ay * bx) throw EArgumentException("The three points of a circle lie on one line");
     Int64 cx = 0, cy = 0, r = 0;
     TDraw2D::CircleThreePoints(ToDouble(x1), ToDouble(y1), ToDouble(x2), ToDouble(y2), ToDouble(x3),
                                ToDouble(y3), cx, cy, r);

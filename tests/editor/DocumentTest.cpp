@@ -39,6 +39,14 @@ TEST(DocumentTest, AConstructorThatThrowsLeavesNoTrace) {
   EXPECT_EQ(document.SearchItem(1, false), nullptr);
 }
 
+TEST(DocumentTest, ACircleNeedsThreePointsThatAreNotOnOneLine) {
+  TBareLabel document;
+  EXPECT_THROW(document.NewCircle3P(0, 0, 10, 10, 20, 20), EArgumentException);
+  EXPECT_EQ(document.GetItemsCount(), 0);
+  const auto* circle = document.NewCircle3P(0, 0, 20000, 0, 10000, 10000);
+  EXPECT_EQ(circle->fBoundsRect, (TZORRect{0, -10000, 20000, 10000}));
+}
+
 TEST(DocumentTest, NamesAreUniqueWithoutCaseAndOuterBlanks) {
   TBareLabel document;
   auto* first = document.NewLine(0, 0, 1, 1);
