@@ -31,9 +31,11 @@ int main() {
   std::cout << "edited: starts at " << line->GetPointX(1) << " mm, " << view.fPaints << " paint\n";
 
   label.Undo();
-  std::cout << "undone: starts at " << line->GetPointX(1) << " mm, line type " << int{line->GetLineType()} << '\n';
+  std::cout << "undone: starts at " << line->GetPointX(1) << " mm, line type " << int{line->GetLineType()}
+            << '\n';
   while (!label.IsRedoEmpty()) label.Redo();
-  std::cout << "redone: starts at " << line->GetPointX(1) << " mm, line type " << int{line->GetLineType()} << '\n';
+  std::cout << "redone: starts at " << line->GetPointX(1) << " mm, line type " << int{line->GetLineType()}
+            << '\n';
 
   label.Detach(&view);
 }
