@@ -20,6 +20,9 @@ struct TOptionKey {
 constexpr std::array<TOptionKey, 4> OptionKeys{
     {{lopVisible, "Visible"}, {lopPrint, "Print"}, {lopSelectable, "Selectable"}, {lopExport, "Export"}}};
 
+/// The largest identity that a file may bring: above it, new items still find numbers of their own.
+constexpr int MaxIdentity = 2'000'000'000;
+
 constexpr std::size_t BytesOfPoint = 16;
 
 [[noreturn]] void RefusePoints(TZORItemType aType, int aCount) {
@@ -118,6 +121,8 @@ void TKDXBaseItem::TakeIdentity(int aInID, std::string aID, TZORReadType aReadTy
   if (aReadType == rdPaste) {
     aInID = fOwner->NextID();
     aID = StartName(fItemType, aInID);
+  } else if (fOwner->IsReading() && aInID > MaxIdentity) {
+    throw Exception("\"InID\": " + std::to_string(aInID) + " is above " + std::to_string(MaxIdentity));
   }
   fOwner->ChangeIdentity(*this, aInID, std::move(aID));
 }

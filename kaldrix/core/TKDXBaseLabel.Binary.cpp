@@ -65,6 +65,7 @@ void TKDXBaseLabel::ReadBaseData(TBinaryReader& bR) {
   TRecord record(bR, fReadedVer);
   RecordBase(record);
   fMeasure->ReadData(fReadedVer, bR);
+  if (!IsDrawingMode()) fMeasure->fDrawScale = 1;
   fBackSurf->ReadData(fReadedVer, bR);
   fSettings->ReadData(fReadedVer, bR);
   fPrintInfo->ReadData(fReadedVer, bR);

@@ -86,6 +86,8 @@ TEST(FileTest, ErrorsNameThePlace) {
        "Items[0]: \"PenWidth\": the number is too large"},
       {R"({"Version":3200,"Items":[{"Type":2,"Color":null}]})", "Items[0]: Cannot cast null into Object"},
       {R"({"Version":3200,"Items":[{"Type":2,"InID":null}]})", "Items[0]: Cannot cast Object into Integer"},
+      {R"({"Version":3200,"Items":[{"Type":2,"InID":2147483647}]})",
+       "Items[0]: \"InID\": 2147483647 is above 2000000000"},
       {R"({"Version":3200,"Units":7})", "\"Units\": 7 is not a known value"},
       {R"({"Version":3200,"EditorMode":2,"Measures":{"DrawScale":0}})", nullptr},
       {R"({"Version":3200,"Symbols":[{}]})", "Symbols[0]: this build has no symbols"},
@@ -124,6 +126,28 @@ TEST(FileTest, OlderFilesHaveNoAngle) {
   EXPECT_EQ(document.fAngle, ag0);
   document.LoadFromBytes(R"({"Version":3100,"Angle":1,"Items":[]})");
   EXPECT_EQ(document.fAngle, ag90);
+}
+
+TEST(FileTest, OutsideDrawingsAScaleInABinaryFileIsNone) {
+  TBareLabel document, again;
+  document.NewText(1000, 1000)->SetText("scale");
+  document.CalcPending();
+  const std::string text = document.GetJsonString(true);
+  document.fMeasure->fDrawScale = 5000;
+  again.LoadFromBytes(document.SaveToBytes(lfBin));
+  EXPECT_EQ(again.fMeasure->fDrawScale, 1);
+  EXPECT_EQ(again.GetJsonString(true), text);
+}
+
+TEST(FileTest, ThePastedItemsOfTheLastIdentityComeBackFromUndo) {
+  TBareLabel document;
+  document.LoadFromBytes(R"({"Version":3200,"Items":[{"Type":2,"InID":2000000000}]})");
+  document.SetSelection(document.GetItem(1), isSelected);
+  document.CopySelection();
+  document.PasteSelection();
+  document.DeleteSelection();
+  document.Undo();
+  EXPECT_EQ(document.GetItemsCount(), 2);
 }
 
 TEST(FileTest, SavingReplacesTheFileWhole) {
