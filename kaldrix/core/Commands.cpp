@@ -169,6 +169,8 @@ void TKDXCreateCmd::Redo() {
 // TKDXDeleteCmd --------------------------------------------------
 
 TKDXDeleteCmd::TKDXDeleteCmd(const TKDXBaseItem& aItem) : TKDXCmd(Kind, aItem, 0) {
+  constexpr std::size_t usualRecord = 120;  // Most records fit, and then take memory once.
+  fStream.reserve(usualRecord);
   TBinaryWriter writer(fStream);
   writer.WriteInt32(FormatVersion);
   aItem.WriteData(writer);

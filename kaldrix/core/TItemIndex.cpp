@@ -11,38 +11,31 @@ namespace Zor::inline Base {
 
 TKDXBaseItem* TItemIndex::Find(int aInID) {
   if (!fHasIdentities) BuildIdentities();
-  const auto found = fByIdentity.find(aInID);
-  return found == fByIdentity.end() ? nullptr : found->second;
+  return fByIdentity.Find(aInID);
 }
 
 bool TItemIndex::MayRepeat(std::string_view aName, const TKDXBaseItem* aItem) {
   if (!fHasNames) BuildNames();
   const std::uint64_t key = NameKey(aName);
-  const auto found = fNames.find(key);
-  if (found == fNames.end()) return false;
+  const int count = fNames.Find(key);
+  if (count == 0) return false;
   const int own = aItem != nullptr && NameKey(aItem->fID) == key ? 1 : 0;
-  return found->second > own;
+  return count > own;
 }
 
 void TItemIndex::Add(TKDXBaseItem& aItem) {
-  if (fHasIdentities) fByIdentity.emplace(aItem.fInID, &aItem);
-  if (fHasNames) ++fNames[NameKey(aItem.fID)];
+  if (fHasIdentities) AddIdentity(aItem);
+  if (fHasNames) AddName(aItem);
 }
 
 void TItemIndex::Remove(const TKDXBaseItem& aItem) {
-  if (fHasIdentities) {
-    const auto found = fByIdentity.find(aItem.fInID);
-    if (found != fByIdentity.end() && found->second == &aItem) fByIdentity.erase(found);
-  }
-  if (fHasNames) {
-    const auto found = fNames.find(NameKey(aItem.fID));
-    if (found != fNames.end() && --found->second == 0) fNames.erase(found);
-  }
+  if (fHasIdentities && fByIdentity.Find(aItem.fInID) == &aItem) fByIdentity.Remove(aItem.fInID);
+  if (fHasNames) RemoveName(aItem);
 }
 
 void TItemIndex::Clear() {
-  fByIdentity.clear();
-  fNames.clear();
+  fByIdentity.Clear();
+  fNames.Clear();
   fHasIdentities = fHasNames = false;
 }
 
@@ -50,14 +43,30 @@ std::uint64_t TItemIndex::NameKey(std::string_view aName) {
   return std::hash<std::string>{}(LowerCase(Trim(aName)));
 }
 
+void TItemIndex::AddIdentity(TKDXBaseItem& aItem) {
+  if (fByIdentity.Find(aItem.fInID) == nullptr) fByIdentity.Put(aItem.fInID, &aItem);
+}
+
+void TItemIndex::AddName(const TKDXBaseItem& aItem) {
+  const std::uint64_t key = NameKey(aItem.fID);
+  fNames.Put(key, fNames.Find(key) + 1);
+}
+
+void TItemIndex::RemoveName(const TKDXBaseItem& aItem) {
+  const std::uint64_t key = NameKey(aItem.fID);
+  const int count = fNames.Find(key);
+  count > 1 ? fNames.Put(key, count - 1) : fNames.Remove(key);
+}
+
 void TItemIndex::BuildIdentities() {
-  fByIdentity.reserve(static_cast<std::size_t>(fItems.Count()));
-  for (TKDXBaseItem* item : fItems) fByIdentity.emplace(item->fInID, item);
+  fByIdentity.Reserve(static_cast<std::size_t>(fItems.Count()));
+  for (TKDXBaseItem* item : fItems) AddIdentity(*item);
   fHasIdentities = true;
 }
 
 void TItemIndex::BuildNames() {
-  for (const TKDXBaseItem* item : fItems) ++fNames[NameKey(item->fID)];
+  fNames.Reserve(static_cast<std::size_t>(fItems.Count()));
+  for (const TKDXBaseItem* item : fItems) AddName(*item);
   fHasNames = true;
 }
 

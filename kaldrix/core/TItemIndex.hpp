@@ -2,7 +2,8 @@
 
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
+
+#include "kaldrix/core/TFlatTable.hpp"
 
 namespace Zor::inline Base {
 
@@ -31,12 +32,15 @@ class TItemIndex {
 
  private:
   static std::uint64_t NameKey(std::string_view aName);
+  void AddIdentity(TKDXBaseItem& aItem);
+  void AddName(const TKDXBaseItem& aItem);
+  void RemoveName(const TKDXBaseItem& aItem);
   void BuildIdentities();
   void BuildNames();
 
   const TOwnedList<TKDXBaseItem>& fItems;
-  std::unordered_map<int, TKDXBaseItem*> fByIdentity;
-  std::unordered_map<std::uint64_t, int> fNames;  ///< hash of the folded name, number of items with it
+  TFlatTable<int, TKDXBaseItem*> fByIdentity;
+  TFlatTable<std::uint64_t, int> fNames;  ///< hash of the folded name, number of items with it
   bool fHasIdentities = false;
   bool fHasNames = false;
 };

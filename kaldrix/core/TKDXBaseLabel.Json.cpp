@@ -27,6 +27,17 @@ void PutSymbols(TJsonObject& aJson, const TOwnedList<TKDXBaseLibSymbol>& aSymbol
   for (const TKDXBaseLibSymbol* symbol : aSymbols) array.AddObject(symbol->WriteJson());
 }
 
+/// After so many items the length of the rest is estimated.
+constexpr int ItemsToEstimate = 1000;
+
+/// Takes room for `aCount` items, of which `aWritten` stand behind `aHead`, so that a long text is not copied
+/// as it grows.
+void ReserveAlike(std::string& aText, std::size_t aHead, int aWritten, int aCount) {
+  const double each = static_cast<double>(aText.size() - aHead) / aWritten;
+  constexpr double allowance = 1.05;  // Numbers get longer.
+  aText.reserve(aHead + static_cast<std::size_t>(each * aCount * allowance));
+}
+
 /// Calls `aRead` for each entry; what it raises is raised again with the place in front.
 template <class TRead>
 void ReadList(TJsonObject& aJson, std::string_view aKey, TRead aRead) {
@@ -85,12 +96,12 @@ std::string TKDXBaseLabel::GetJsonString(bool aCompact) const {
   std::string text = GetJsonSections()->ToJSON(aCompact);
   text.resize(text.size() - lineBreak.size() - 1);  // The closing brace comes after the items.
   text += "," + lineBreak + indent + (aCompact ? "\"Items\":[" : "\"Items\": [") + lineBreak;
-  bool first = true;
-  for (const TKDXBaseItem* item : fItems) {
-    if (!first) (text += ',') += lineBreak;
-    first = false;
+  const std::size_t head = text.size();
+  for (int i = 0; i < fItems.Count(); ++i) {
+    if (i > 0) (text += ',') += lineBreak;
+    if (i == ItemsToEstimate) ReserveAlike(text, head, i, fItems.Count());
     (text += indent) += indent;
-    item->WriteJson()->AppendJSON(text, aCompact, 2);
+    fItems[i]->WriteJson()->AppendJSON(text, aCompact, 2);
   }
   return text += lineBreak + indent + "]" + lineBreak + "}";
 }

@@ -118,6 +118,8 @@ void TKDXFileLabel::ReadJsonDocument(TJsonObject& aJson) {
     } catch (const Exception& error) {
       throw EJsonException(Place("Items", i, error.what()));
     }
+    // The entry goes while it is at hand: the tree makes room for the items as they come.
+    items.SetValue(i, nullptr);
   }
 }
 

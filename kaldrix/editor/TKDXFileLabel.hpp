@@ -36,6 +36,7 @@ class TKDXFileLabel : public TKDXBaseLabel {
 
  private:
   void ReadBinary(std::string_view aPayload);
+  /// Uses the items of the tree up.
   void ReadJsonDocument(TJsonObject& aJson);
   std::string BinaryPayload();
 };

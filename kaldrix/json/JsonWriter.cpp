@@ -75,12 +75,10 @@ char* WriteEscape(char* aTo, unsigned char aChar) noexcept {
 }  // namespace
 
 // The text is kept longer than what is written, so that bytes are put without a check of each; the
-// destructor cuts it.
-TJsonWriter::TJsonWriter(std::string& aText, bool aCompact) : fText(aText), fCompact(aCompact) {
-  const std::size_t written = fText.size();
-  fText.resize(fText.capacity());
-  fAt = fText.data() + written;
-  fEnd = fText.data() + fText.size();
+// destructor cuts it. The room grows with what this writer has written, not with the text, so that many small
+// trees can be appended to a long text.
+TJsonWriter::TJsonWriter(std::string& aText, bool aCompact)
+    : fText(aText), fCompact(aCompact), fStart(aText.size()), fAt(aText.data() + aText.size()), fEnd(fAt) {
   if (!fCompact) fNewLine = JsonSerializationConfig().LineBreak;
 }
 
@@ -88,7 +86,8 @@ TJsonWriter::~TJsonWriter() { fText.resize(static_cast<std::size_t>(fAt - fText.
 
 void TJsonWriter::Grow(std::size_t aBytes) {
   const auto written = static_cast<std::size_t>(fAt - fText.data());
-  fText.resize(std::max(fText.size() * 2, written + aBytes + 256));
+  constexpr std::size_t LeastRoom = 1024;
+  fText.resize(written + std::max(written - fStart, aBytes + LeastRoom));
   fAt = fText.data() + written;
   fEnd = fText.data() + fText.size();
 }

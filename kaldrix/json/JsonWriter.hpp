@@ -42,6 +42,7 @@ class TJsonWriter {
 
   std::string& fText;
   const bool fCompact;
+  const std::size_t fStart;  ///< The size of the text before this writer.
   char* fAt;
   char* fEnd;
   std::string fNewLine;  ///< The line break and the deepest indent so far.
