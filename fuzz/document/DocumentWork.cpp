@@ -61,9 +61,12 @@ void Export(TBareLabel& aDocument) {
   }
 }
 
-void RoundTrip(TBareLabel& aDocument) {
+/// With `aLawful`, all values are such as the setters give. A binary file may hold others, which JSON does
+/// not bring back: then the document that JSON gives has to stay as it is.
+void RoundTrip(TBareLabel& aDocument, bool aLawful) {
   const std::string text = TextOf(aDocument);
-  RequireSame(TextOfReading(text), text, "the JSON form keeps the document");
+  const std::string again = TextOfReading(text);
+  RequireSame(again, aLawful ? text : TextOfReading(again), "the JSON form keeps the document");
   aDocument.fPrintInfo->fLabs = 1;  // The binary form does not tell it.
   RequireSame(TextOfReading(aDocument.SaveToBytes(lfBin)), TextOf(aDocument),
               "the binary form keeps the document");
@@ -143,7 +146,7 @@ void WorkOnDocument(std::string_view aBytes) {
   Require(wasRead || !isClean, "the check tells why a file is refused");
   if (!wasRead) return;
   Export(document);
-  RoundTrip(document);
+  RoundTrip(document, !TBareLabel::IsBinary(aBytes));
   Look(document);
   Edit(document);
   Paste(document);

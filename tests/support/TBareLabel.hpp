@@ -1,6 +1,8 @@
 // A document without a surface, with font metrics that are round numbers: what tests of the library build on.
 #pragma once
 
+#include <algorithm>
+
 #include "kaldrix/editor/TKDXLabelOf.hpp"
 
 namespace Zor {
@@ -23,8 +25,11 @@ class TBareItem<TKDXBaseText> final : public TKDXBaseText {
   void PrintItem(TKDXBaseDraw&) override {}
   Single GetScale() const override { return fScaleX; }
   void CalcValues(int) override {
-    const int width = static_cast<int>(static_cast<double>(fText.size()) * fFontHeight / 2 * fScaleX);
-    SetMeasured(width, fFontHeight, fFontHeight * 4 / 5, fFontHeight / 5, fFontHeight / 10, 1.0);
+    constexpr int most = 500'000'000;  // base points: room for the products below
+    const int height = std::min(fFontHeight, most);
+    const double width = static_cast<double>(fText.size()) * height / 2 * fScaleX;
+    SetMeasured(static_cast<int>(std::min<double>(width, most)), height, height * 4 / 5, height / 5,
+                height / 10, 1.0);
   }
 };
 
