@@ -103,7 +103,8 @@ std::string TKDXBaseLabel::GetJsonString(bool aCompact) const {
     (text += indent) += indent;
     fItems[i]->WriteJson()->AppendJSON(text, aCompact, 2);
   }
-  return text += lineBreak + indent + "]" + lineBreak + "}";
+  text += lineBreak + indent + "]" + lineBreak + "}";
+  return text;
 }
 
 void TKDXBaseLabel::ClearForRead() {

@@ -35,7 +35,8 @@ std::string TKDXBaseLabel::SVG(TZORExportSVG aExportType, Single aFactor, bool a
   std::string text = SvgRoot(aExportType, aFactor);
   text.reserve(text.size() + body.size() + definitions.size() + 32);
   if (!definitions.empty()) ((text += "<defs>\n") += definitions) += "</defs>\n";
-  return (text += body) += "</svg>\n";
+  (text += body) += "</svg>\n";
+  return text;
 }
 
 std::string TKDXBaseLabel::SvgRoot(TZORExportSVG aExportType, Single aFactor) const {
