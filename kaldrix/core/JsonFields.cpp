@@ -1,5 +1,6 @@
 #include "kaldrix/core/JsonFields.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -37,10 +38,11 @@ Single GetSingle(const TJsonObject& aJson, std::string_view aKey) {
 
 Int64 GetCoordinate(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit) {
   const Single value = GetSingle(aJson, aKey);
-  if (std::abs(double{value} * UnitFacts(aUnit).basePoints) > static_cast<double>(MaxCoordinate)) {
+  if (std::abs(value) > GetValue(MaxCoordinate, aUnit)) {
     Refuse(aKey, "the position is outside the coordinate range");
   }
-  return SetValue(value, aUnit);
+  // The Single next to the largest coordinate may lie beyond it.
+  return std::clamp(SetValue(value, aUnit), -MaxCoordinate, MaxCoordinate);
 }
 
 int GetLength(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit) {

@@ -128,6 +128,18 @@ TEST(FileTest, OlderFilesHaveNoAngle) {
   EXPECT_EQ(document.fAngle, ag90);
 }
 
+TEST(FileTest, TheLastCoordinatesAreReadAgainInEveryUnit) {
+  for (const TZORUnits unit : {unMM, unINCH, unCM, unDM, unM, unFt, unYd}) {
+    TBareLabel document, again;
+    document.SetEditorMode(emDrawing);
+    document.SetUnits(unit);
+    document.NewLine(-MaxCoordinate, MaxCoordinate, MaxCoordinate, -MaxCoordinate);
+    again.LoadFromBytes(document.GetJsonString(true));
+    EXPECT_EQ(again.GetJsonString(true), document.GetJsonString(true));
+    EXPECT_NO_THROW(document.LoadFromBytes(again.SaveToBytes(lfBin)));
+  }
+}
+
 TEST(FileTest, OutsideDrawingsAScaleInABinaryFileIsNone) {
   TBareLabel document, again;
   document.NewText(1000, 1000)->SetText("scale");
