@@ -5,6 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "kaldrix/core/HeldBase.hpp"
+
 namespace Zor::inline Base {
 
 namespace {
@@ -41,16 +43,16 @@ Int64 GetCoordinate(const TJsonObject& aJson, std::string_view aKey, TZORUnits a
   if (std::abs(value) > GetValue(MaxCoordinate, aUnit)) {
     Refuse(aKey, "the position is outside the coordinate range");
   }
-  // The Single next to the largest coordinate may lie beyond it.
+  // The Single next to the largest coordinate may lie beyond it; so with lengths.
   return std::clamp(SetValue(value, aUnit), -MaxCoordinate, MaxCoordinate);
 }
 
 int GetLength(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit) {
   const Single value = GetSingle(aJson, aKey);
-  if (std::abs(double{value} * UnitFacts(aUnit).basePoints) > std::numeric_limits<int>::max()) {
+  if (std::abs(value) > GetValue(std::numeric_limits<int>::max(), aUnit)) {
     Refuse(aKey, "the length is too large");
   }
-  return static_cast<int>(SetValue(value, aUnit));
+  return HeldBase(value, aUnit);
 }
 
 int GetIntIn(const TJsonObject& aJson, std::string_view aKey, int aLeast, int aMost) {
