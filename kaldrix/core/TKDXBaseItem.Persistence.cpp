@@ -1,6 +1,7 @@
 // The common part of an item's record and JSON object.
 #include "kaldrix/core/TKDXBaseItem.hpp"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -45,6 +46,9 @@ int ReadPointCount(TBinaryReader& bR) {
   const int count = bR.ReadInt16();
   return count == WideCount ? bR.ReadInt32() : count;
 }
+
+/// A coordinate as files and the clipboard hold it: a move may have led out of the range that is read again.
+Int64 Written(Int64 aBase) { return std::clamp(aBase, -MaxCoordinate, MaxCoordinate); }
 
 void CheckCoordinate(Int64 aValue, std::size_t aPosition) {
   if (aValue >= -MaxCoordinate && aValue <= MaxCoordinate) return;
@@ -96,8 +100,8 @@ void TKDXBaseItem::RecordPoints(TRecord& r) {
   if (r.Writing()) {
     WritePointCount(*r.Writer(), fPoints.size());
     for (const TZORPto& point : fPoints) {
-      r.Writer()->WriteInt64(point.bX);
-      r.Writer()->WriteInt64(point.bY);
+      r.Writer()->WriteInt64(Written(point.bX));
+      r.Writer()->WriteInt64(Written(point.bY));
     }
     return;
   }
@@ -150,8 +154,8 @@ std::unique_ptr<TJsonObject> TKDXBaseItem::WriteJson() const {
   for (const TZORPto& point : fPoints) {
     TJsonObject& pair = points.AddObject();
     pair.Reserve(2);
-    PutLength(pair, "X", point.GetX(fOwner->fUnits));
-    PutLength(pair, "Y", point.GetY(fOwner->fUnits));
+    PutLength(pair, "X", GetValue(Written(point.bX), fOwner->fUnits));
+    PutLength(pair, "Y", GetValue(Written(point.bY), fOwner->fUnits));
   }
   return json;
 }

@@ -296,7 +296,9 @@ TEST_P(ItemContract, FarCoordinatesDoNoHarm) {
     fItem->BaseMove(far, far, 0, 0, moAll, true);
     TSvgList svg, defs;
     fItem->WriteSVG(svg, defs, svCurrentUnit, 1, true);
-    EXPECT_FALSE(Json(*fItem).empty());
+    TBareLabel other;
+    EXPECT_EQ(Json(FromBytes(other, Bytes(*fItem))), Json(*fItem));
+    EXPECT_NO_THROW(FromJson(other, Json(*fItem)));
   }
 }
 
