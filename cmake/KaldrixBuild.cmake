@@ -36,7 +36,7 @@ endif()
 
 # The folders of the library, in the order in which they may know each other: a folder includes
 # only what stands before it.
-set(KALDRIX_FOLDERS types platform json messages utils core items editor)
+set(KALDRIX_FOLDERS types platform json messages utils codes core items editor diagrams)
 
 # kaldrix_folder(NAME SOURCES...): one folder of the library, compiled once, gathered in `kaldrix`.
 function(kaldrix_folder name)
