@@ -5,6 +5,7 @@
 #include "kaldrix/core/TContentKeeper.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/json/JsonReader.hpp"
 #include "kaldrix/platform/Files.hpp"
 
 namespace Zor::inline Base {
@@ -42,6 +43,30 @@ std::string Place(std::string_view aWhat, int aIndex, const char* aWhy) {
   return std::string(aWhat) + "[" + std::to_string(aIndex) + "]: " + aWhy;
 }
 
+/// Makes the items while the text is read, where "Items" stands behind the sections.
+class TItemsInPassing final : public IJsonElements {
+ public:
+  explicit TItemsInPassing(TKDXFileLabel& aDocument) : fDocument(aDocument) {}
+
+  void Start(TJsonObject& aFront) override {
+    fReads = aFront.Contains("Version") && !aFront.Contains("Items");
+    if (!fReads) return;
+    fVersion = aFront.GetInt("Version");
+    fDocument.ReadSections(aFront);
+  }
+  void Element(TJsonDataValue& aValue) override {
+    if (!fReads) return;
+    if (aValue.AsObject() == nullptr) throw EJsonException("An item is no object");
+    fDocument.ReadJsonItem(fVersion, *aValue.AsObject());
+  }
+
+  bool fReads = false;  ///< what stood in front told how items are read
+
+ private:
+  TKDXFileLabel& fDocument;
+  int fVersion = 0;
+};
+
 }  // namespace
 
 bool TKDXFileLabel::IsBinary(std::string_view aBytes) { return aBytes.starts_with(Magic); }
@@ -64,17 +89,37 @@ void TKDXFileLabel::LoadFromBytes(std::string_view aBytes) {
     BeginRead(false);
     ReadBinary(payload);
     keeper.Commit();
-  } else {
-    const std::unique_ptr<TJsonBaseObject> root = TJsonBaseObject::Parse(aBytes);
-    auto* json = root != nullptr && root->IsObject() ? static_cast<TJsonObject*>(root.get()) : nullptr;
-    if (json == nullptr || (!json->Contains("Version") && !json->Contains("Items"))) {
-      throw EJsonException("This is no drawing: it is not a JSON object with \"Version\" or \"Items\"");
-    }
+    EndRead(true);
+  } else if (!LoadJsonInPassing(aBytes)) {
+    LoadJsonTree(aBytes);
+  }
+}
+
+bool TKDXFileLabel::LoadJsonInPassing(std::string_view aBytes) {
+  try {
     TContentKeeper keeper(*this);
     BeginRead(false);
-    ReadJsonDocument(*json);
+    TItemsInPassing items(*this);
+    const std::unique_ptr<TJsonObject> behind = TJsonReader(aBytes).ReadObject("Items", items);
+    if (!items.fReads || behind->Count() > 0) return false;
     keeper.Commit();
+  } catch (const Exception&) {
+    return false;
   }
+  EndRead(true);
+  return true;
+}
+
+void TKDXFileLabel::LoadJsonTree(std::string_view aBytes) {
+  const std::unique_ptr<TJsonBaseObject> root = TJsonBaseObject::Parse(aBytes);
+  auto* json = root != nullptr && root->IsObject() ? static_cast<TJsonObject*>(root.get()) : nullptr;
+  if (json == nullptr || (!json->Contains("Version") && !json->Contains("Items"))) {
+    throw EJsonException("This is no drawing: it is not a JSON object with \"Version\" or \"Items\"");
+  }
+  TContentKeeper keeper(*this);
+  BeginRead(false);
+  ReadJsonDocument(*json);
+  keeper.Commit();
   EndRead(true);
 }
 

@@ -36,6 +36,10 @@ class TKDXFileLabel : public TKDXBaseLabel {
 
  private:
   void ReadBinary(std::string_view aPayload);
+  /// Makes each item as soon as its text is read. False, with the document as it was, for a text that is not
+  /// in the order in which we write, or is faulty: the tree of the whole text then tells what it holds.
+  bool LoadJsonInPassing(std::string_view aBytes);
+  void LoadJsonTree(std::string_view aBytes);
   /// Uses the items of the tree up.
   void ReadJsonDocument(TJsonObject& aJson);
   std::string BinaryPayload();

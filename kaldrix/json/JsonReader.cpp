@@ -111,6 +111,12 @@ std::unique_ptr<TJsonObject> TJsonReader::ReadObject() {
   return root;
 }
 
+std::unique_ptr<TJsonObject> TJsonReader::ReadObject(std::string_view aArray, IJsonElements& aSink) {
+  fSink = &aSink;
+  fSinkName = aArray;
+  return ReadObject();
+}
+
 std::unique_ptr<TJsonArray> TJsonReader::ReadArray() {
   std::unique_ptr<TJsonArray> root = Array();
   ExpectEnd();
@@ -151,7 +157,12 @@ std::unique_ptr<TJsonObject> TJsonReader::Object() {
       SkipBlanks();
       Accept(':', "\":\"");
       SkipBlanks();
-      Value(fStack.Size() - 1);
+      if (fSink != nullptr && fDepth == 1 && At('[') &&
+          fStack.At(fStack.Size() - 1)->Name.View() == fSinkName) {
+        HandOver(base);
+      } else {
+        Value(fStack.Size() - 1);
+      }
       SkipBlanks();
       if (!At(',')) break;
       ++fAt;
@@ -187,6 +198,33 @@ std::unique_ptr<TJsonArray> TJsonReader::Array() {
   fStack.Drop(base);
   --fDepth;
   return items;
+}
+
+void TJsonReader::HandOver(std::size_t aBase) {
+  IJsonElements& sink = *std::exchange(fSink, nullptr);
+  const std::size_t name = fStack.Size() - 1;
+  const std::unique_ptr<TJsonObject> front(TJsonObject::Adopt(fStack.At(aBase), name - aBase));
+  fStack.At(name)->~TJsonMember();
+  fStack.Drop(aBase);
+  sink.Start(*front);
+  Enter();
+  ++fAt;
+  SkipBlanks();
+  if (!At(']')) {
+    for (;;) {
+      fStack.Push(TJsonKey::FromPacked(TJsonKey::PackWord(0, 0)));
+      Value(aBase);
+      sink.Element(fStack.At(aBase)->Value);
+      fStack.At(aBase)->~TJsonMember();
+      fStack.Drop(aBase);
+      SkipBlanks();
+      if (!At(',')) break;
+      ++fAt;
+      SkipBlanks();
+    }
+  }
+  Accept(']', "\"]\"");
+  --fDepth;
 }
 
 void TJsonReader::Value(std::size_t aPlace) {

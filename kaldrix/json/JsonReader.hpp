@@ -12,6 +12,18 @@
 
 namespace Zor::inline Jsondataobjects {
 
+/// Takes the elements of one array of an object while the text is read, so that they never stand in memory
+/// together.
+class IJsonElements {
+ public:
+  /// The array begins; `aFront` has the members of the object in front of it.
+  virtual void Start(TJsonObject& aFront) = 0;
+  virtual void Element(TJsonDataValue& aValue) = 0;
+
+ protected:
+  ~IJsonElements() = default;
+};
+
 /// Reads one text, which must outlive the reader. Members are gathered on a stack, so that each object and
 /// array takes memory once, with its members behind it in the same block.
 class TJsonReader {
@@ -23,6 +35,9 @@ class TJsonReader {
   std::unique_ptr<TJsonBaseObject> ReadAny();
   std::unique_ptr<TJsonObject> ReadObject();
   std::unique_ptr<TJsonArray> ReadArray();
+  /// The object, without its first member that is an array of that name and what stands in front of it, where
+  /// there is one: both go to `aSink`.
+  std::unique_ptr<TJsonObject> ReadObject(std::string_view aArray, IJsonElements& aSink);
 
  private:
   /// Members of the objects and arrays that are still open; an array's elements have empty names.
@@ -59,6 +74,8 @@ class TJsonReader {
   std::unique_ptr<TJsonObject> Object();
   std::unique_ptr<TJsonArray> Array();
   void Value(std::size_t aPlace);
+  /// Hands the array over whose name stands last on the stack, and takes its object from `aBase` on away.
+  void HandOver(std::size_t aBase);
   void Literal(TJsonDataValue& aValue);
   void Number(TJsonDataValue& aValue);
   void Integer(const TNumber& aNumber, TJsonDataValue& aValue);
@@ -81,6 +98,8 @@ class TJsonReader {
   const char* fAt;
   const char* fEnd;
   int fDepth = 0;
+  IJsonElements* fSink = nullptr;  ///< waits for the array of the outermost object that is named fSinkName
+  std::string_view fSinkName;
   TStack fStack;
   std::string fText;  ///< A text that had to be copied because of escapes or bytes above 127.
 };
