@@ -45,11 +45,7 @@ std::unique_ptr<TJsonObject> TKDXBaseText::WriteJson() const {
   json->PutBool("Filled", fFill);
   PutColor(*json, "BackColor", fBackColor);
   json->PutString("Text", fText);
-  TJsonObject& data = json->AddNewObject("Data");
-  data.Reserve(3);
-  data.PutString("Field", fField);
-  data.PutString("Format", fFormat);
-  data.PutInt("FillType", fFillType);
+  WriteJsonData(*json);
   return json;
 }
 
@@ -66,10 +62,7 @@ void TKDXBaseText::ReadJson(int aVersion, TJsonObject& aJson) {
   fFill = aJson.GetBool("Filled");
   fBackColor = Base::GetColor(aJson, "BackColor");
   fText = aJson.GetString("Text");
-  TJsonObject& data = aJson.GetObject("Data");
-  fField = data.GetString("Field");
-  fFormat = data.GetString("Format");
-  fFillType = GetEnum<TZORFillType>(data, "FillType");
+  ReadJsonData(aJson);
   AfterRead(rdNormal);
   UpdateBounds();
 }

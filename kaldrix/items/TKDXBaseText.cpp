@@ -1,15 +1,12 @@
 #include "kaldrix/items/TKDXBaseText.hpp"
 
 #include <algorithm>
-#include <array>
 
 #include "kaldrix/core/Commands.hpp"
 #include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
-#include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/items/TextPlacement.hpp"
-#include "kaldrix/messages/ZOR.Msg.hpp"
 
 namespace Zor::inline Text {
 
@@ -17,23 +14,15 @@ namespace {
 
 constexpr int StartFontHeight = 10000;  // base points
 
-/// The kind of data that the first character of a pick-list line tells.
-struct TFillMark {
-  char mark;
-  TZORFillType type;
-};
-constexpr std::array<TFillMark, 5> FillMarks{
-    {{'@', ftCounter}, {'{', ftJson}, {'~', ftField}, {'=', ftList}, {'?', ftAsk}}};
-
 }  // namespace
 
 TKDXBaseText::TKDXBaseText(TKDXBaseLabel& aOwner, bool aPreview)
-    : TKDXBaseItem(aOwner, itText, aPreview), TFontFields(StartFontHeight) {
+    : TDataItem(aOwner, itText, aPreview), TFontFields(StartFontHeight) {
   fPenWidth = 0;
 }
 
 TKDXBaseText::TKDXBaseText(TKDXBaseLabel& aOwner, TKDXLayer& aLayer, bool aPreview)
-    : TKDXBaseItem(aOwner, itText, aLayer, aPreview), TFontFields(StartFontHeight) {
+    : TDataItem(aOwner, itText, aLayer, aPreview), TFontFields(StartFontHeight) {
   fPenWidth = 0;
 }
 
@@ -99,43 +88,22 @@ Single TKDXBaseText::HeldScale(Single aValue) {
 
 // Data --------------------------------------------------------------------------------
 
-TZORFillType TKDXBaseText::FillType() const { return fOwner->fData->fLinkData ? fFillType : ftNone; }
-
-std::string TKDXBaseText::SymFillName() const { return IncSymData(fField, fFillType); }
-
 void TKDXBaseText::SetData(TZORFillType aType, const std::string& aName, const std::string& aFormat) {
-  // 1. The line that takes the binding away.
-  fFillType = ftNone;
-  if (aName.find(TKDXMsg::GetListValue("Unassign")) != std::string::npos) {
-    fField.clear();
-  } else {
-    // 2. A marker tells the kind, and is no part of the name.
-    const auto* const mark = std::find_if(FillMarks.begin(), FillMarks.end(), [&](const TFillMark& row) {
-      return !aName.empty() && row.mark == aName.front();
-    });
-    const bool marked = mark != FillMarks.end();
-    fFillType = marked ? mark->type : aType;
-    fField = marked ? aName.substr(1) : aName;
-  }
-  // 3. The design shows the name of the field.
-  fFormat = aFormat;
+  Bind(aType, aName, aFormat);
   UpdateBinding();
   fText = dText;
-  // 4. Reports.
   StateCalc();
   if (fOwner->Selected(*this)) NotifyUpdate(chChText);
 }
 
 void TKDXBaseText::UpdateBinding() {
   dText = fFillType != ftNone ? fField : fText;
-  aIsData = fFillType != ftNone && !fField.empty();
+  aIsData = IsBound();
 }
 
-bool TKDXBaseText::GetIsData() const { return aIsData && fOwner->fData->IsValidData(FillType(), fField); }
-
 void TKDXBaseText::FillData(bool aFirst) {
-  if (!fOwner->fData->IsValidData(FillType(), fField)) return;
-  fText = fOwner->fData->fWalk->DataValue(fField, fFormat, FillType());
+  if (!HasValue(*fOwner)) return;
+  fText = Value(*fOwner);
   if (aFirst) CalcValues(1);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kaldrix/core/TKDXBaseItem.hpp"
+#include "kaldrix/items/TDataItem.hpp"
 #include "kaldrix/items/TFontFields.hpp"
 #include "kaldrix/types/Records.hpp"
 
@@ -11,11 +11,10 @@ namespace Zor::inline Text {
 /// The bounds come from anchor, alignments and the measured size. Measuring is the host's: its class
 /// overrides CalcValues, measures the text and hands the result to SetMeasured; it supplies GetScale too.
 /// Until then a text has no size beyond its padding. Point 2 follows point 1 and the size; it is no handle.
-class TKDXBaseText : public TKDXBaseItem,
+class TKDXBaseText : public TDataItem<TKDXBaseItem>,
                      public TFontFields,
                      public IZORText,
                      public IZORFont,
-                     public IZORData,
                      public IZORRadio,
                      public IZORAngle,
                      public IZORPadding,
@@ -65,12 +64,6 @@ class TKDXBaseText : public TKDXBaseItem,
 
   // Data ----------------------------------------------------------------------
 
-  /// The binding while the document is linked to data, else ftNone.
-  TZORFillType FillType() const override;
-  std::string FillName() const override { return fField; }
-  /// The name of the field behind the marker of its kind.
-  std::string SymFillName() const override;
-  std::string GetFormat() const override { return fFormat; }
   /// Binds the text to a field and shows the field's name. The marker of a pick-list line (@ { ~ = ?) at the
   /// beginning of the name decides the kind before `aType` does; a name with the text for "unassigned" in it
   /// takes the binding away. Not recorded.
@@ -127,7 +120,6 @@ class TKDXBaseText : public TKDXBaseItem,
 
   using TKDXBaseItem::CheckBaseBoundsMove;
   std::unique_ptr<TJsonObject> WriteJson() const override;
-  bool GetIsData() const override;
   void CheckFit(Int64& aMinX, Int64& aMaxX, Int64& aMinY, Int64& aMaxY) const override;
   void ReadJson(int aVersion, TJsonObject& aJson) override;
   void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
@@ -147,9 +139,7 @@ class TKDXBaseText : public TKDXBaseItem,
   std::string fText;   ///< as shown
   TZORHorzAlign fHorzAlign = haLeft;
   TZORVertAlign fVertAlign = vaTop;
-  int fPaddingX = 0, fPaddingY = 0;  ///< along the text, across it
-  std::string fField, fFormat;
-  TZORFillType fFillType = ftNone;
+  int fPaddingX = 0, fPaddingY = 0;                  ///< along the text, across it
   int fAscent = 0, fDescent = 0, fPosUnderline = 0;  ///< measured
   int fWidth = 0, fHeight = 0;                       ///< measured
   Single fScaleX = 1;                                ///< of the glyphs

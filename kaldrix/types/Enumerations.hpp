@@ -826,5 +826,11 @@ template <>
 inline constexpr int EnumCount<TZORFlowType> = ftEnd + 1;
 template <>
 inline constexpr int EnumCount<TZODimType> = dmtAngle + 1;
+template <>
+inline constexpr int EnumCount<TZORBarType> = btPOSTNET + 1;
+template <>
+inline constexpr int EnumCount<TZORCheckType> = ctMSI10 + 1;
+template <>
+inline constexpr int EnumCount<TZOR128AutoType> = at128be + 1;
 
 }  // namespace Zor::inline Types

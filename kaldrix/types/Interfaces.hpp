@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "kaldrix/types/AnsiString.hpp"
 #include "kaldrix/types/Enumerations.hpp"
 #include "kaldrix/types/Records.hpp"
 
@@ -228,9 +229,11 @@ class IZORBarcode {
   virtual Single GetFontHeight() const = 0;
   virtual bool GetShowNumber() const = 0;
   virtual TZORBarType GetBarType() const = 0;
-  virtual std::string GetCCode() const = 0;
+  /// The prepared code: with padding and check characters.
+  virtual AnsiString GetCCode() const = 0;
+  /// The pattern of bars and spaces.
   virtual std::string GetDrCode() const = 0;
-  virtual std::string GetAnsiCode() const = 0;
+  virtual AnsiString GetAnsiCode() const = 0;
   virtual std::string GetFontName() const = 0;
   virtual Single GetDrawValue(Single aValue, int aDpi) const = 0;
   virtual int GetPrintValue(Single aValue, int aDpi) const = 0;

@@ -1,6 +1,7 @@
 // All of the value layer.
 #pragma once
 
+#include "kaldrix/types/AnsiString.hpp"
 #include "kaldrix/types/Enumerations.hpp"
 #include "kaldrix/types/Events.hpp"
 #include "kaldrix/types/ItemFacts.hpp"
