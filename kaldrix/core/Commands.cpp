@@ -236,7 +236,10 @@ void TKDXBasePosCmd::RestoreState() {
 // TKDXElePosCmd --------------------------------------------------
 
 TKDXElePosCmd::TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex)
-    : TKDXCmd(Kind, aItem, aIndex), fPoints(aItem.fPoints) {}
+    : TKDXElePosCmd(aItem, aIndex, TZORPtoA(aItem.fPoints)) {}
+
+TKDXElePosCmd::TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex, TZORPtoA aPoints)
+    : TKDXCmd(Kind, aItem, aIndex), fPoints(std::move(aPoints)) {}
 
 void TKDXElePosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex) {
   if (!IsRecording(aItem) || CheckLastProp(Kind, aItem, aIndex)) return;
@@ -246,8 +249,10 @@ void TKDXElePosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex) {
 void TKDXElePosCmd::RestoreState() {
   TKDXBaseItem* item = Receiver();
   if (item == nullptr) return;
-  AddCommand(*item, fIndex);
-  item->fPoints = fPoints;
+  // The points change hands: the mirror takes those of the item.
+  std::swap(item->fPoints, fPoints);
+  if (!IsRecording(*item) || CheckLastProp(Kind, *item, fIndex)) return;
+  Push(std::unique_ptr<TKDXCmd>(new TKDXElePosCmd(*item, fIndex, std::move(fPoints))));
 }
 
 }  // namespace Zor::inline Base

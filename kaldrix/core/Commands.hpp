@@ -190,6 +190,7 @@ class TKDXElePosCmd final : public TKDXCmd {
 
  private:
   TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex);
+  TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex, TZORPtoA aPoints);
 
   TZORPtoA fPoints;
 };

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "kaldrix/core/TKDXBaseItem.hpp"
+#include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/TOwnedList.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
@@ -60,7 +60,7 @@ void TItemIndex::RemoveName(const TKDXBaseItem& aItem) {
 
 void TItemIndex::BuildIdentities() {
   fByIdentity.Reserve(static_cast<std::size_t>(fItems.Count()));
-  for (TKDXBaseItem* item : fItems) AddIdentity(*item);
+  SweepItems(fItems.begin(), fItems.end(), [this](TKDXBaseItem* item) { AddIdentity(*item); });
   fHasIdentities = true;
 }
 

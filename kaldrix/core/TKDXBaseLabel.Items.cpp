@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "kaldrix/core/Commands.hpp"
+#include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Utf8.hpp"
@@ -145,27 +146,26 @@ void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
 
 void TKDXBaseLabel::DeleteSelection() {
   const std::vector<TKDXBaseItem*> doomed = fSelection;
-  for (std::size_t i = doomed.size(); i > 0; --i) {
-    TKDXBaseItem* item = doomed[i - 1];
+  SweepItems(doomed.rbegin(), doomed.rend(), [this](TKDXBaseItem* item) {
     if (!fLinks.empty()) {
       if (const auto* node = dynamic_cast<const IZORLink*>(item)) DeleteAttachedLinks(*node, false);
     }
     TKDXDeleteCmd::AddCommand(*item);
-  }
+  });
   ClearSelection(true);
   FreeMany(doomed);
 }
 
 void TKDXBaseLabel::FreeMany(const std::vector<TKDXBaseItem*>& aItems) {
   if (aItems.empty()) return;
-  for (TKDXBaseItem* item : aItems) {
+  SweepItems(aItems.begin(), aItems.end(), [this](TKDXBaseItem* item) {
     item->fListed = false;
     fIndex.Remove(*item);
-  }
+  });
   const auto gone = [](const TKDXBaseItem* item) { return item == nullptr || !item->fListed; };
   fItems.ExtractIf(gone);
   std::erase_if(fCalcs, gone);
-  for (TKDXBaseItem* item : aItems) delete item;
+  SweepItems(aItems.begin(), aItems.end(), [](TKDXBaseItem* item) { delete item; });
   fModified = true;
 }
 

@@ -2,6 +2,7 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
 #include "kaldrix/core/JsonFields.hpp"
+#include "kaldrix/core/ReserveAlike.hpp"
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
@@ -25,17 +26,6 @@ void PutList(TJsonObject& aJson, std::string_view aKey, const TList& aList) {
 void PutSymbols(TJsonObject& aJson, const TOwnedList<TKDXBaseLibSymbol>& aSymbols) {
   TJsonArray& array = aJson.AddNewArray("Symbols");
   for (const TKDXBaseLibSymbol* symbol : aSymbols) array.AddObject(symbol->WriteJson());
-}
-
-/// After so many items the length of the rest is estimated.
-constexpr int ItemsToEstimate = 1000;
-
-/// Takes room for `aCount` items, of which `aWritten` stand behind `aHead`, so that a long text is not copied
-/// as it grows.
-void ReserveAlike(std::string& aText, std::size_t aHead, int aWritten, int aCount) {
-  const double each = static_cast<double>(aText.size() - aHead) / aWritten;
-  constexpr double allowance = 1.05;  // Numbers get longer.
-  aText.reserve(aHead + static_cast<std::size_t>(each * aCount * allowance));
 }
 
 /// Calls `aRead` for each entry; what it raises is raised again with the place in front.
@@ -99,7 +89,7 @@ std::string TKDXBaseLabel::GetJsonString(bool aCompact) const {
   const std::size_t head = text.size();
   for (int i = 0; i < fItems.Count(); ++i) {
     if (i > 0) (text += ',') += lineBreak;
-    if (i == ItemsToEstimate) ReserveAlike(text, head, i, fItems.Count());
+    ReserveAlike(text, head, i, fItems.Count());
     (text += indent) += indent;
     fItems[i]->WriteJson()->AppendJSON(text, aCompact, 2);
   }

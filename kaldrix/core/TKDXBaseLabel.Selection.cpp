@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
 
 namespace Zor::inline Base {
@@ -45,7 +46,7 @@ void TKDXBaseLabel::ClearSelection(bool aNotify) {
 }
 
 void TKDXBaseLabel::ClearSelectionSilently() {
-  for (TKDXBaseItem* item : fSelection) item->fState = isNormal;
+  SweepItems(fSelection.begin(), fSelection.end(), [](TKDXBaseItem* item) { item->fState = isNormal; });
   for (TKDXBaseItem* link : fLinks) link->fState = isNormal;
   fSelection.clear();
   fLinks.clear();

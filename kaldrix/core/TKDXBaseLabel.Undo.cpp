@@ -2,8 +2,20 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
 #include "kaldrix/core/Commands.hpp"
+#include "kaldrix/core/ItemSweep.hpp"
 
 namespace Zor::inline Base {
+
+namespace {
+
+/// Asks for the commands that run soon, and for their items.
+void FetchAhead(const TUndoStack& aStack) {
+  constexpr int near = 4, far = 8;
+  if (const TKDXCmd* command = aStack.Below(far)) Fetch(command, sizeof(TKDXElePosCmd));
+  if (const TKDXCmd* command = aStack.Below(near)) Fetch(command->Receiver(), sizeof(TKDXBaseItem));
+}
+
+}  // namespace
 
 int TKDXBaseLabel::UnReID() {
   if (fUndoing || fRedoing) return fUnReRef;
@@ -21,6 +33,7 @@ void TKDXBaseLabel::RunCommands(TUndoStack& aStack, void (TKDXCmd::*aStep)()) {
   if (aStack.IsEmpty()) return;
   bool moved = false;
   const auto run = [&] {
+    FetchAhead(aStack);
     const std::unique_ptr<TKDXCmd> command = aStack.Pop();
     (command.get()->*aStep)();
     const int kind = command->fKind;

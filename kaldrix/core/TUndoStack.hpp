@@ -18,6 +18,11 @@ class TUndoStack {
   bool IsEmpty() const { return fCommands.empty(); }
   int Count() const { return static_cast<int>(fCommands.size()); }
   TKDXCmd* Top() const { return fCommands.empty() ? nullptr : fCommands.back().get(); }
+  /// The command so many below the top, or none.
+  TKDXCmd* Below(int aDepth) const {
+    return Count() > aDepth ? fCommands[fCommands.size() - 1 - static_cast<std::size_t>(aDepth)].get()
+                            : nullptr;
+  }
   void Push(std::unique_ptr<TKDXCmd> aCommand);
   std::unique_ptr<TKDXCmd> Pop();
   void Clear();

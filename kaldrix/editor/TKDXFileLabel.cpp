@@ -2,6 +2,7 @@
 
 #include <zlib.h>
 
+#include "kaldrix/core/ReserveAlike.hpp"
 #include "kaldrix/core/TContentKeeper.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr std::string_view Magic{"KALDRIX\x1A", 8};
 constexpr int FrameVersion = 1;
+constexpr std::size_t HeadSize = Magic.size() + 4 + 8 + 4;
 /// Type and the common record of an item without a name or points.
 constexpr std::size_t LeastItem = 29;
 
@@ -138,8 +140,10 @@ void TKDXFileLabel::ReadBinary(std::string_view aPayload) {
       throw EReadError(Place("Items", i, error.what()));
     }
   }
+  // The print record has no place for it.
+  fPrintInfo->SetLabs(reader.ReadInt32());
   if (reader.Left() > 0)
-    throw EReadError(std::to_string(reader.Left()) + " bytes stand behind the last item");
+    throw EReadError(std::to_string(reader.Left()) + " bytes stand behind the number of labels");
 }
 
 void TKDXFileLabel::ReadSections(TJsonObject& aJson) {
@@ -170,29 +174,33 @@ void TKDXFileLabel::ReadJsonDocument(TJsonObject& aJson) {
 
 // Writing -------------------------------------------------------------------------
 
-std::string TKDXFileLabel::BinaryPayload() {
-  std::string payload;
-  TBinaryWriter writer(payload);
+void TKDXFileLabel::WritePayload(std::string& aBytes) {
+  TBinaryWriter writer(aBytes);
   WriteBaseData(writer);
   WriteData(writer);
   writer.WriteInt32(fSymbols.Count());
   for (const TKDXBaseLibSymbol* symbol : fSymbols) symbol->WriteData(writer);
   writer.WriteInt32(fItems.Count());
-  for (const TKDXBaseItem* item : fItems) item->WriteData(writer);
-  return payload;
+  const std::size_t head = aBytes.size();
+  for (int i = 0; i < fItems.Count(); ++i) {
+    ReserveAlike(aBytes, head, i, fItems.Count());
+    fItems[i]->WriteData(writer);
+  }
+  writer.WriteInt32(fPrintInfo->fLabs);
 }
 
 std::string TKDXFileLabel::SaveToBytes(TZORExt aFormat) {
   if (aFormat == lfJSON) return GetJsonString(false) + "\n";
-  const std::string payload = BinaryPayload();
-  std::string bytes;
-  bytes.reserve(payload.size() + 24);
-  TBinaryWriter writer(bytes);
-  writer.WriteBytes(Magic);
+  // The frame's head tells length and checksum of what stands behind it, so it is written last.
+  std::string bytes(HeadSize, '\0');
+  WritePayload(bytes);
+  const std::string_view payload = std::string_view(bytes).substr(HeadSize);
+  std::string head(Magic);
+  TBinaryWriter writer(head);
   writer.WriteInt32(FrameVersion);
   writer.WriteInt64(static_cast<Int64>(payload.size()));
   writer.WriteUInt32(CheckSum(payload));
-  writer.WriteBytes(payload);
+  bytes.replace(0, HeadSize, head);
   return bytes;
 }
 
@@ -215,7 +223,12 @@ void TKDXFileLabel::PasteSelection() {
   ClearSelection(false);
   TBinaryReader reader(fMemCopy);
   const int count = TRecord(reader, FormatVersion).Count(0, LeastItem);
-  for (int i = 0; i < count; ++i) ReadItem(FormatVersion, reader, rdPaste);
+  try {
+    for (int i = 0; i < count; ++i) ReadItem(FormatVersion, reader, rdPaste);
+  } catch (...) {
+    EndRead(false);
+    throw;
+  }
   EndRead(false);
   fModified = true;
   FillSelPoints();

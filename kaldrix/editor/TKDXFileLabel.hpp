@@ -11,7 +11,7 @@ namespace Zor::inline Base {
 ///
 /// A binary file begins with the eight bytes "KALDRIX" 0x1A, an Int32 frame version, the Int64 length and the
 /// UInt32 CRC-32 of what follows: base section, document section, symbols and items, each with a count in
-/// front.
+/// front, and the Int32 number of labels to print.
 class TKDXFileLabel : public TKDXBaseLabel {
  public:
   /// Binary or JSON, told by the content. A file that cannot be read raises an Exception that names file and
@@ -42,7 +42,7 @@ class TKDXFileLabel : public TKDXBaseLabel {
   void LoadJsonTree(std::string_view aBytes);
   /// Uses the items of the tree up.
   void ReadJsonDocument(TJsonObject& aJson);
-  std::string BinaryPayload();
+  void WritePayload(std::string& aBytes);
 };
 
 }  // namespace Zor::inline Base

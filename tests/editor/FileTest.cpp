@@ -4,6 +4,7 @@
 #include <climits>
 #include <cstdio>
 
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/platform/Files.hpp"
@@ -23,6 +24,7 @@ TEST(FileTest, ExamplesComeThroughBothFormsUnchanged) {
   for (const char* name : Examples) {
     TBareLabel first, second, third;
     first.LoadFromBytes(Example(name));
+    first.fPrintInfo->SetLabs(7);
     const std::string text = first.SaveToBytes(lfJSON);
     second.LoadFromBytes(first.SaveToBytes(lfBin));
     EXPECT_TRUE(second.SaveToBytes(lfJSON) == text) << name;
@@ -30,6 +32,26 @@ TEST(FileTest, ExamplesComeThroughBothFormsUnchanged) {
     EXPECT_TRUE(third.SaveToBytes(lfJSON) == text) << name;
     EXPECT_TRUE(first.GetJson()->ToJSON(false) + "\n" == text) << name;
   }
+}
+
+TEST(FileTest, TheOrderOfTheKeysDoesNotMatter) {
+  const std::string items = R"("Items":[{"Type":2,"InID":7,"Points":[{"X":1,"Y":2}]}])";
+  const std::string usual = R"({"Version":3200,"Units":1,)" + items + "}";
+  TBareLabel expected;
+  expected.LoadFromBytes(usual);
+  const std::string others[] = {
+      "{" + items + R"(,"Version":3200,"Units":1})",
+      R"({"Version":3200,)" + items + R"(,"Units":1})",
+      R"({"Version":3200,"Units":1,)" + items + R"(,"Items":[{"Type":99}]})",
+  };
+  for (const std::string& text : others) {
+    TBareLabel document;
+    document.LoadFromBytes(text);
+    EXPECT_EQ(document.SaveToBytes(lfJSON), expected.SaveToBytes(lfJSON)) << text;
+  }
+  TBareLabel document;
+  document.LoadFromBytes(R"({"Version":3200,"Items":5,)" + items + "}");
+  EXPECT_EQ(document.GetItemsCount(), 0);
 }
 
 TEST(FileTest, EveryCutAndEveryFlippedByteOfABinaryFileIsRefused) {
@@ -57,6 +79,8 @@ TEST(FileTest, AFileThatCannotBeReadLeavesTheDocumentAsItWas) {
       "[]",
       "{}",
       R"({"Version":3200,"Items":[{"Type":2},{"Type":99}]})",
+      R"({"Version":3200,"Items":[{"Type":2}]}])",
+      R"({"Version":3200,"Items":[{"Type":2},null]})",
       R"({"Version":3200,"EditorMode":9})",
       R"({"Version":3200,"Layers":[{"Name":"a"},{"Name":null}]})",
       "KALDRIX\x1A",
