@@ -48,6 +48,7 @@ inline constexpr int FormatVersion = 3200;
 ///   Selection      TKDXBaseLabel.Selection.cpp
 ///   Values         TKDXBaseLabel.Values.cpp       units, conversions, editor mode
 ///   Pages          TKDXBaseLabel.Pages.cpp
+///   Data           TKDXBaseLabel.Data.cpp
 ///   Undo           TKDXBaseLabel.Undo.cpp
 ///   JSON           TKDXBaseLabel.Json.cpp
 ///   Binary         TKDXBaseLabel.Binary.cpp
@@ -221,6 +222,19 @@ class TKDXBaseLabel : public TComponent {
   void GoToPage(int aPage, bool aFillData, bool aCheck);
   /// Widens the values by all items that are shown and exported; the caller passes -1 in all four.
   void CheckFit(Int64& aMinX, Int64& aMaxX, Int64& aMinY, Int64& aMaxY) const;
+
+  // Data --------------------------------------------------
+
+  /// The text of a binding for the current label; empty for a kind that gives none (ftCsv among them: CSV
+  /// columns are bound as ftField).
+  std::string DataValue(const std::string& aField, const std::string& aFormat, TZORFillType aFill) const;
+  /// The same as a number; a text that is no number counts as 0. Whole numbers are truncated and held at the
+  /// ends of 32 bits.
+  int DataIntValue(const std::string& aField, TZORFillType aFill) const;
+  Single DataNumValue(const std::string& aField, TZORFillType aFill) const;
+  /// Names of counters are compared without case. None when there is none.
+  TKDXCounter* FindCounter(std::string_view aName) const;
+  std::string CounterValue(std::string_view aName) const;
 
   // Undo --------------------------------------------------
 

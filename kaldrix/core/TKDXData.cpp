@@ -8,6 +8,7 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/TextNumbers.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Base {
@@ -81,6 +82,34 @@ void TKDXData::CheckJson() {
 
 bool TKDXData::IsValidData(TZORFillType aFill, const std::string& aField) const {
   return fWalk != nullptr && fLinkData && aFill != ftNone && !aField.empty();
+}
+
+// Values
+// ------------------------------------------------------------------------------------------------------------
+
+std::string TKDXData::DataValue(const std::string& aField, const std::string& aFormat) const {
+  if (!fLinkData || fWalk == nullptr) return aField;
+  return fWalk->DataValue(aField, aFormat, ftField);
+}
+
+std::string TKDXData::DataList(const std::string& aName, const std::string& /*aFormat*/) const {
+  const TZOValList* list = GetListVal(std::string_view(aName));
+  return list == nullptr ? aName : list->fAnsText;
+}
+
+std::string TKDXData::DataAsk(const std::string& aName, const std::string& aFormat) const {
+  const TZOAskField* question = GetAskField(std::string_view(aName));
+  return question == nullptr ? aName : question->Answer(aFormat);
+}
+
+int TKDXData::DataAskInt(const std::string& aName) const {
+  const TZOAskField* question = GetAskField(std::string_view(aName));
+  return question == nullptr ? 0 : HeldWhole(question->AnswerNumber());
+}
+
+Single TKDXData::DataAskNum(const std::string& aName) const {
+  const TZOAskField* question = GetAskField(std::string_view(aName));
+  return question == nullptr ? 0 : HeldSingle(question->AnswerNumber());
 }
 
 // Lists and questions

@@ -60,6 +60,16 @@ class TKDXData final : public TPersistent {
   /// Is there a value for an item of that binding?
   bool IsValidData(TZORFillType aFill, const std::string& aField) const;
 
+  // Values: a missing list or question gives its name, and 0 as a number.
+  std::string DataValue(const std::string& aField, const std::string& aFormat) const;
+  /// The value picked in a list.
+  std::string DataList(const std::string& aName, const std::string& aFormat) const;
+  /// The answer to a question, by the kind of the question.
+  std::string DataAsk(const std::string& aName, const std::string& aFormat) const;
+  /// Truncated, held at the ends of 32 bits.
+  int DataAskInt(const std::string& aName) const;
+  Single DataAskNum(const std::string& aName) const;
+
   // Value lists and questions: names are taken exactly when one is added, found without case; indexes count
   // from 1.
   /// False when the name is taken.

@@ -7,10 +7,14 @@
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/TextNumbers.hpp"
 
 namespace Zor::inline Base {
 
 namespace {
+
+/// Dates without a picture of their own, independent of the locale.
+constexpr std::string_view DatePicture = "yyyy-mm-dd";
 
 /// The present moment in local time, to the second.
 TDateTime LocalNow() {
@@ -34,6 +38,32 @@ void TZOAskField::SetName(const std::string& aName) {
   if (aName.empty()) throw Exception(TKDXMsg::GetErrorValue("EmptyText"));
   if (fOwner->NameAskExists(aName)) throw Exception(TKDXMsg::GetErrorValue("RepeatName"));
   fName = aName;
+}
+
+std::string TZOAskField::Answer(std::string_view aFormat) const {
+  switch (fAskType) {
+    case atInteger:
+      return aFormat.empty() ? std::to_string(fAnsInt) : FormatFloat(aFormat, fAnsInt);
+    case atNumber:
+      return FormatFloat(aFormat, fAnsNumber);
+    case atDateTime:
+      return FormatDateTime(aFormat.empty() ? DatePicture : aFormat, fAnsDT);
+    default:
+      return fAnsText;
+  }
+}
+
+double TZOAskField::AnswerNumber() const {
+  switch (fAskType) {
+    case atInteger:
+      return fAnsInt;
+    case atNumber:
+      return fAnsNumber;
+    case atDateTime:
+      return fAnsDT;
+    default:
+      return TextToNumber(fAnsText).value_or(0);
+  }
 }
 
 void TZOAskField::Record(TRecord& r) {

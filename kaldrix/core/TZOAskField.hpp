@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/Format.hpp"
@@ -21,6 +22,12 @@ class TZOAskField {
 
   /// Raises the message EmptyText for an empty name, and RepeatName for one that another of the list has.
   void SetName(const std::string& aName);
+
+  /// The answer as text. A format is a picture of FormatFloat, or of FormatDateTime for a date; texts take
+  /// none.
+  std::string Answer(std::string_view aFormat) const;
+  /// The answer as a number: a date in days since 1899-12-30, a text that is no number 0.
+  double AnswerNumber() const;
 
   void WriteData(TBinaryWriter& bW) const;
   void ReadData(int aVersion, TBinaryReader& bR);

@@ -45,7 +45,7 @@ bool TDataFields::HasValue(const TKDXBaseLabel& aOwner) const {
 }
 
 std::string TDataFields::Value(const TKDXBaseLabel& aOwner) const {
-  return aOwner.fData->fWalk->DataValue(fField, fFormat, ActiveFill(aOwner));
+  return aOwner.DataValue(fField, fFormat, ActiveFill(aOwner));
 }
 
 void TDataFields::WriteJsonData(TJsonObject& aJson) const {
