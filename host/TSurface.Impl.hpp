@@ -62,6 +62,7 @@ struct TSurface::TImpl {
   TFontEngine* fonts = nullptr;
   /// Before the surface, which writes to it until it is gone.
   std::string pdf;
+  std::function<void(std::string_view)> sink;  ///< takes the bytes after each page, if there is one
   TCairoSurface surface;
   std::unique_ptr<cairo_t, TCairoFree> cr;
   bool raster = false;
@@ -73,6 +74,7 @@ struct TSurface::TImpl {
 
   /// A fresh state for a new page.
   void Begin();
+  void DrainPdf();
   /// Raises when Cairo has failed.
   void Check() const;
   cairo_matrix_t Matrix() const {

@@ -59,6 +59,13 @@ void TSurface::TImpl::Check() const {
   }
 }
 
+// Not while Cairo writes: what the sink raises must not pass through it.
+void TSurface::TImpl::DrainPdf() {
+  if (!sink) return;
+  sink(pdf);
+  pdf.clear();
+}
+
 TSurface::TSurface(std::unique_ptr<TImpl> impl) : fImpl(std::move(impl)) {}
 TSurface::TSurface(TSurface&&) noexcept = default;
 TSurface& TSurface::operator=(TSurface&&) noexcept = default;
@@ -87,9 +94,15 @@ TSurface TSurface::MakeRaster(TFontEngine& fonts, double widthMM, double heightM
 }
 
 TSurface TSurface::MakePdf(TFontEngine& fonts, double widthMM, double heightMM, const TPdfInfo& info) {
+  return MakePdf(fonts, widthMM, heightMM, info, {});
+}
+
+TSurface TSurface::MakePdf(TFontEngine& fonts, double widthMM, double heightMM, const TPdfInfo& info,
+                           std::function<void(std::string_view)> sink) {
   CheckSheet(widthMM, heightMM);
   auto impl = std::make_unique<TImpl>();
   impl->fonts = &fonts;
+  impl->sink = std::move(sink);
   impl->surface.reset(cairo_pdf_surface_create_for_stream(
       Append, &impl->pdf, widthMM * PointsPerInch / MMPerInch, heightMM * PointsPerInch / MMPerInch));
   std::string buffer;
@@ -126,6 +139,7 @@ void TSurface::NewPage(double widthMM, double heightMM) {
   CheckSheet(widthMM, heightMM);
   cairo_show_page(fImpl->cr.get());
   fImpl->Check();
+  fImpl->DrainPdf();
   cairo_pdf_surface_set_size(fImpl->surface.get(), widthMM * PointsPerInch / MMPerInch,
                              heightMM * PointsPerInch / MMPerInch);
   fImpl->Begin();
@@ -140,6 +154,7 @@ std::string TSurface::FinishPdf() {
   if (status != CAIRO_STATUS_SUCCESS) {
     throw Exception(std::string("The PDF failed: ") + cairo_status_to_string(status));
   }
+  fImpl->DrainPdf();
   return std::move(fImpl->pdf);
 }
 

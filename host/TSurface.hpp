@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -98,6 +99,11 @@ class TSurface {
   /// A PDF whose first page has this size. `fonts` must outlive the surface.
   static TSurface MakePdf(TFontEngine& fonts, double widthMM, double heightMM, const TPdfInfo& info = {});
 
+  /// The same, writing to `sink` as it grows, so that a document of many pages never stands in memory. What
+  /// `sink` raises comes out of the drawing, NewPage or FinishPdf.
+  static TSurface MakePdf(TFontEngine& fonts, double widthMM, double heightMM, const TPdfInfo& info,
+                          std::function<void(std::string_view)> sink);
+
   TSurface(TSurface&&) noexcept;
   TSurface& operator=(TSurface&&) noexcept;
   ~TSurface();
@@ -110,7 +116,7 @@ class TSurface {
   TRasterView Raster();
   /// Ends the current page of a PDF and begins one of this size, without clip or transform.
   void NewPage(double widthMM, double heightMM);
-  /// Ends a PDF and gives its bytes; nothing can be drawn afterwards.
+  /// Ends a PDF and gives its bytes, none when they went to a sink; nothing can be drawn afterwards.
   std::string FinishPdf();
 
   // ---- State ----

@@ -5,12 +5,13 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
 
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/TAtomicFile.hpp"
+#include "kaldrix/platform/TDescriptor.hpp"
 
 namespace Zor {
 
@@ -19,103 +20,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t ChunkBytes = std::size_t{1} << 16;
-constexpr mode_t NewFileMode = 0666;  // the process's mask takes from it
-constexpr int MaxNameAttempts = 100;  // names left over by killed processes of the same id
-
-[[noreturn]] void RaiseErrno(const std::string& aWhat, const std::string& aFileName, int aError) {
-  throw EStreamError(aWhat + " " + aFileName + ": " + std::generic_category().message(aError));
-}
 
 [[noreturn]] void RaiseCannotRead(const std::string& aFileName, int aError) {
   if (aError == ENOENT || aError == ENOTDIR) throw EFileNotFoundException("File not found: " + aFileName);
   RaiseErrno("Cannot read", aFileName, aError);
-}
-
-/// An open file, closed at the end of its scope.
-class TDescriptor {
- public:
-  explicit TDescriptor(int aHandle) : fHandle(aHandle) {}
-  TDescriptor(const TDescriptor&) = delete;
-  TDescriptor& operator=(const TDescriptor&) = delete;
-  ~TDescriptor() { Close(); }
-
-  int Handle() const { return fHandle; }
-  /// 0, or the error of close, by which a network file system reports a failed write.
-  int Close() {
-    const int handle = fHandle;
-    fHandle = -1;
-    return handle < 0 || ::close(handle) == 0 ? 0 : errno;
-  }
-
- private:
-  int fHandle;
-};
-
-void WriteAll(int aHandle, std::string_view aBytes, const std::string& aFileName) {
-  while (!aBytes.empty()) {
-    const ssize_t written = ::write(aHandle, aBytes.data(), aBytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) RaiseErrno("Cannot write", aFileName, errno);
-    aBytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
-
-/// A file beside its target that is removed unless it takes the target's place.
-class TTemporary {
- public:
-  explicit TTemporary(const std::string& aTarget) : fTarget(aTarget), fFile(Create()) {}
-  TTemporary(const TTemporary&) = delete;
-  TTemporary& operator=(const TTemporary&) = delete;
-  ~TTemporary() {
-    if (!fPlaced) ::unlink(fName.c_str());
-  }
-
-  void KeepMode(mode_t aMode) {
-    if (::fchmod(fFile.Handle(), aMode & 07777) != 0) Raise(errno);
-  }
-
-  void Write(std::string_view aBytes) { WriteAll(fFile.Handle(), aBytes, fTarget); }
-
-  void Place() {
-    if (::fsync(fFile.Handle()) != 0) Raise(errno);
-    if (const int error = fFile.Close(); error != 0) Raise(error);
-    if (::rename(fName.c_str(), fTarget.c_str()) != 0) Raise(errno);
-    fPlaced = true;
-  }
-
- private:
-  /// Makes the file under a name that nobody else uses.
-  int Create() {
-    static std::atomic<unsigned> counter{0};
-    for (int attempt = 0; attempt < MaxNameAttempts; ++attempt) {
-      fName = fTarget + "." + std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".tmp";
-      const int handle = ::open(fName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, NewFileMode);
-      if (handle >= 0) return handle;
-      if (errno != EEXIST) Raise(errno);
-    }
-    Raise(EEXIST);
-  }
-  [[noreturn]] void Raise(int aError) const { RaiseErrno("Cannot write", fTarget, aError); }
-
-  const std::string& fTarget;
-  std::string fName;
-  TDescriptor fFile;
-  bool fPlaced = false;
-};
-
-/// Makes a rename in the folder last. A folder that cannot be opened or flushed (some file systems cannot) is
-/// no failure: the file itself is whole.
-void FlushFolder(const std::string& aFolder) {
-  TDescriptor folder(::open(aFolder.empty() ? "." : aFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder.Handle() >= 0) ::fsync(folder.Handle());
-}
-
-/// What a chain of symbolic links points at; the name itself when it is none or points nowhere.
-std::string ResolveLinks(const std::string& aFileName) {
-  std::error_code error;
-  if (!fs::is_symlink(fs::symlink_status(aFileName, error))) return aFileName;
-  const fs::path target = fs::weakly_canonical(aFileName, error);
-  return error ? aFileName : target.string();
 }
 
 /// Reads to the end. `aSizeHint` is the size that the file has just now; a pipe has none.
@@ -136,13 +44,6 @@ std::string ReadAll(int aHandle, const std::string& aFileName, std::size_t aSize
     }
     if (got == 0) return out;
   }
-}
-
-/// A pipe or device is written to, never replaced. A folder refuses to be opened.
-void WriteToDevice(const std::string& aFileName, std::string_view aBytes) {
-  TDescriptor device(::open(aFileName.c_str(), O_WRONLY | O_CLOEXEC));
-  if (device.Handle() < 0) RaiseErrno("Cannot write", aFileName, errno);
-  WriteAll(device.Handle(), aBytes, aFileName);
 }
 
 /// Where the extension begins; the size of the name without one.
@@ -169,15 +70,9 @@ std::string ReadFile(const std::string& aFileName, std::size_t aMaxBytes) {
 }
 
 void WriteFileAtomically(const std::string& aFileName, std::string_view aBytes) {
-  struct stat info {};
-  const bool exists = ::stat(aFileName.c_str(), &info) == 0;
-  if (exists && !S_ISREG(info.st_mode)) return WriteToDevice(aFileName, aBytes);
-  const std::string target = ResolveLinks(aFileName);
-  TTemporary file(target);
-  if (exists) file.KeepMode(info.st_mode);
+  TAtomicFile file(aFileName);
   file.Write(aBytes);
-  file.Place();
-  FlushFolder(ExtractFileDir(target));
+  file.Commit();
 }
 
 void CopyFile(const std::string& aFrom, const std::string& aTo) { WriteFileAtomically(aTo, ReadFile(aFrom)); }

@@ -12,11 +12,8 @@ namespace Zor {
 /// when it is a folder, cannot be read or holds more than `aMaxBytes`.
 std::string ReadFile(const std::string& aFileName, std::size_t aMaxBytes = SIZE_MAX);
 
-/// Puts `aBytes` in the place of the file's content, so that a crash leaves the old file or the new one:
-/// writes beside the target, flushes to the disk, renames and flushes the folder. An existing target keeps
-/// its permissions; a target that is a symbolic link stays one, and what it points at is replaced; a pipe or
-/// device is written to directly. On failure
-/// nothing is left behind and EStreamError names the file and the reason.
+/// Puts `aBytes` in the place of the file's content, so that a crash leaves the old file or the new one; see
+/// TAtomicFile. On failure nothing is left behind and EStreamError names the file and the reason.
 void WriteFileAtomically(const std::string& aFileName, std::string_view aBytes);
 
 /// Copies the content of a file onto another, as WriteFileAtomically does.

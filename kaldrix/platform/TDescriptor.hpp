@@ -1,0 +1,38 @@
+// What the sources about files share.
+#pragma once
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <system_error>
+
+#include "kaldrix/platform/Exceptions.hpp"
+
+namespace Zor {
+
+[[noreturn]] inline void RaiseErrno(const std::string& aWhat, const std::string& aFileName, int aError) {
+  throw EStreamError(aWhat + " " + aFileName + ": " + std::generic_category().message(aError));
+}
+
+/// An open file, closed at the end of its scope.
+class TDescriptor {
+ public:
+  explicit TDescriptor(int aHandle) : fHandle(aHandle) {}
+  TDescriptor(const TDescriptor&) = delete;
+  TDescriptor& operator=(const TDescriptor&) = delete;
+  ~TDescriptor() { Close(); }
+
+  int Handle() const { return fHandle; }
+  /// 0, or the error of close, by which a network file system reports a failed write.
+  int Close() {
+    const int handle = fHandle;
+    fHandle = -1;
+    return handle < 0 || ::close(handle) == 0 ? 0 : errno;
+  }
+
+ private:
+  int fHandle;
+};
+
+}  // namespace Zor
