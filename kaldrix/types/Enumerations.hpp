@@ -763,6 +763,59 @@ enum TZORMapProvider : std::uint8_t {
 
 enum TZORGMLMapTarget : std::uint8_t { gmtLayerBackground, gmtImageElement };
 
+/// How the text of a QR Code is written. `Automatic` takes the densest that holds the text.
+enum TQRCodeEncoding : std::uint8_t { Automatic, Numeric, Alphanumeric, ISO88591, UTF8NoBOM, UTF8BOM };
+
+enum TECC200Shape : std::uint8_t { ecc200_Square, ecc200_Rectangle };
+
+/// The sizes of Data Matrix symbols, rows x columns.
+enum TECC200Size : std::uint8_t {
+  ecc200_Autosize,
+  ecc200_10x10,
+  ecc200_12x12,
+  ecc200_14x14,
+  ecc200_16x16,
+  ecc200_18x18,
+  ecc200_20x20,
+  ecc200_22x22,
+  ecc200_24x24,
+  ecc200_26x26,
+  ecc200_32x32,
+  ecc200_36x36,
+  ecc200_40x40,
+  ecc200_44x44,
+  ecc200_48x48,
+  ecc200_52x52,
+  ecc200_64x64,
+  ecc200_72x72,
+  ecc200_80x80,
+  ecc200_88x88,
+  ecc200_96x96,
+  ecc200_104x104,
+  ecc200_120x120,
+  ecc200_132x132,
+  ecc200_144x144,
+  ecc200_8x18,
+  ecc200_8x32,
+  ecc200_12x26,
+  ecc200_12x36,
+  ecc200_16x36,
+  ecc200_16x48
+};
+
+enum TZORPdf417CorrectionLevel : std::uint8_t {
+  Level0,
+  Level1,
+  Level2,
+  Level3,
+  Level4,
+  Level5,
+  Level6,
+  Level7,
+  Level8,
+  Auto
+};
+
 using TKaldrixOptions = TSet<TKaldrixOption>;
 using TKaldrixStateOptions = TSet<TKaldrixState>;
 using TZOLayerOpts = TSet<TZOLayerOp>;
@@ -832,5 +885,13 @@ template <>
 inline constexpr int EnumCount<TZORCheckType> = ctMSI10 + 1;
 template <>
 inline constexpr int EnumCount<TZOR128AutoType> = at128be + 1;
+template <>
+inline constexpr int EnumCount<TQRCodeEncoding> = UTF8BOM + 1;
+template <>
+inline constexpr int EnumCount<TECC200Shape> = ecc200_Rectangle + 1;
+template <>
+inline constexpr int EnumCount<TECC200Size> = ecc200_16x48 + 1;
+template <>
+inline constexpr int EnumCount<TZORPdf417CorrectionLevel> = Auto + 1;
 
 }  // namespace Zor::inline Types

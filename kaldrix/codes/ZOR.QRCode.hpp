@@ -1,0 +1,4 @@
+// The QR Code encoder: texts to modules.
+#pragma once
+
+#include "kaldrix/codes/TEncoder.hpp"
