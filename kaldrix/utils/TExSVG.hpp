@@ -1,12 +1,20 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "kaldrix/types/AnsiString.hpp"
 #include "kaldrix/types/Enumerations.hpp"
 #include "kaldrix/types/Numbers.hpp"
 
+namespace Zor::inline Types {
+class IZORBarcode;
+}
+
 namespace Zor::inline Utils {
+
+struct TBarRect;
 
 /// The shared conventions of SVG output: how numbers, colours, dashes, font styles, texts and terminators are
 /// written. Static functions without state. Attributes begin with a blank. The decimal separator is a
@@ -80,6 +88,20 @@ class TExSVG {
   static void AppendTerm(std::string& aOut, TZORTermType aType, TZORExportSVG aExportType, double aP1X,
                          double aP1Y, double aP2X, double aP2Y, double aPenWidth, double aFactor,
                          double aTerm, TAlphaColor aColor, TAlphaColor aFillColor, int aOpen, bool aIsArc);
+
+  // Barcodes
+
+  /// One rect an entry of `aBars`, joined by CR LF to what is in `aOut`.
+  static void AppendBars(std::string& aOut, std::span<const TBarRect> aBars, TAlphaColor aColor,
+                         double aFactor, TZORExportSVG aExport);
+  /// The elements of a linear barcode, joined by CR LF: a rect a bar, then the texts. `aWi` is the length of
+  /// the symbol along its text in base points of the drawn object, `aDS` the drawing scale, `aPCode` the
+  /// prepared code and `aDrPCode` its pattern. The anchor and the padding are millimetres of paper, `aRat` is
+  /// font size to font height.
+  static std::string Barcode(const IZORBarcode& aBarcode, TAlphaColor aColor, Int64 aWi, Int64 aDS,
+                             const AnsiString& aPCode, std::string_view aDrPCode, double aFactor,
+                             double aPosX, double aPosY, double aPadX, double aPadY, double aRat,
+                             TZORExportSVG aExport);
 };
 
 }  // namespace Zor::inline Utils
