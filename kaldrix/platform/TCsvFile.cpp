@@ -1,0 +1,248 @@
+#include "kaldrix/platform/TCsvFile.hpp"
+
+#include <algorithm>
+#include <fstream>
+#include <limits>
+#include <unordered_map>
+
+#include "kaldrix/platform/Ansi.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/Utf8.hpp"
+
+namespace Zor {
+
+namespace {
+
+constexpr std::size_t ChunkBytes = std::size_t{1} << 16;
+constexpr std::string_view LineEnds{"\r\n"};
+
+std::string Utf16ToUtf8(std::string_view aBytes) {
+  bool highFirst = aBytes.starts_with("\xFE\xFF");
+  if (highFirst || aBytes.starts_with("\xFF\xFE")) aBytes.remove_prefix(2);
+  const auto unit = [&](std::size_t aPlace) {
+    const auto low = static_cast<unsigned char>(aBytes[aPlace + (highFirst ? 1 : 0)]);
+    const auto high = static_cast<unsigned char>(aBytes[aPlace + (highFirst ? 0 : 1)]);
+    return static_cast<char32_t>(low | high << 8);
+  };
+  std::string text;
+  text.reserve(aBytes.size() / 2);
+  std::size_t place = 0;
+  for (; place + 1 < aBytes.size(); place += 2) {
+    char32_t c = unit(place);
+    if (c >= 0xD800 && c < 0xDC00 && place + 3 < aBytes.size()) {
+      const char32_t second = unit(place + 2);
+      if (second >= 0xDC00 && second < 0xE000) {
+        c = 0x10000 + ((c - 0xD800) << 10) + (second - 0xDC00);
+        place += 2;
+      }
+    }
+    Utf8::Append(text, c);
+  }
+  if (place < aBytes.size()) Utf8::Append(text, Utf8::Replacement);
+  return text;
+}
+
+std::string Quoted(std::string_view aText) { return "\"" + std::string(aText) + "\""; }
+
+}  // namespace
+
+// Reading ---------------------------------------------------------------------------------
+
+std::unique_ptr<TCsvFile> TCsvFile::Open(const std::string& aFileName, TTextCode aCode) {
+  return std::make_unique<TCsvFile>(aFileName, ReadFile(aFileName), aCode);
+}
+
+std::unique_ptr<TCsvFile> TCsvFile::OpenFirstLine(const std::string& aFileName, TTextCode aCode) {
+  std::ifstream file(aFileName, std::ios::binary);
+  if (aCode == tcUtf16 || !file) return Open(aFileName, aCode);
+  std::string bytes;
+  std::size_t end = std::string::npos;
+  while (end == std::string::npos && file) {
+    const std::size_t old = bytes.size();
+    bytes.resize(old + ChunkBytes);
+    file.read(bytes.data() + old, ChunkBytes);
+    bytes.resize(old + static_cast<std::size_t>(file.gcount()));
+    end = bytes.find_first_of(LineEnds, old);
+  }
+  if (file.bad()) throw EStreamError("Cannot read " + aFileName);
+  if (end != std::string::npos) bytes.resize(end + 1);
+  return std::make_unique<TCsvFile>(aFileName, std::move(bytes), aCode);
+}
+
+TCsvFile::TCsvFile(std::string aName, std::string aBytes, TTextCode aCode)
+    : fName(std::move(aName)), fBytes(aCode == tcUtf16 ? Utf16ToUtf8(aBytes) : std::move(aBytes)) {
+  fUtf8 = aCode != tcByMark || fBytes.starts_with(Utf8::ByteOrderMark);
+  FindLines();
+}
+
+void TCsvFile::FindLines() {
+  const char* const begin = fBytes.data();
+  const char* const end = begin + fBytes.size();
+  const char* const first = begin + (fUtf8 && fBytes.starts_with(Utf8::ByteOrderMark) ? 3 : 0);
+  const auto behindLine = [end](const char* p) {
+    while (p != end && *p != '\n' && *p != '\r') ++p;
+    if (p != end) p += p[0] == '\r' && p + 1 != end && p[1] == '\n' ? 2 : 1;
+    return p;
+  };
+  // Counted first, so that the offsets take no more room than they need.
+  std::size_t count = 0;
+  for (const char* p = first; p != end; p = behindLine(p)) ++count;
+  if (count > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
+    throw EStreamError(fName + ": there are too many lines");
+  }
+  fStarts.reserve(count);
+  for (const char* p = first; p != end; p = behindLine(p)) {
+    fStarts.push_back(static_cast<std::size_t>(p - begin));
+  }
+}
+
+std::string_view TCsvFile::Line(int aLine) const {
+  if (aLine < 1 || aLine > LineCount()) return {};
+  const auto index = static_cast<std::size_t>(aLine - 1);
+  const std::size_t end = index + 1 < fStarts.size() ? fStarts[index + 1] : fBytes.size();
+  std::string_view line = std::string_view(fBytes).substr(fStarts[index], end - fStarts[index]);
+  if (line.ends_with('\n')) line.remove_suffix(1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+// Columns ---------------------------------------------------------------------------------
+
+void TCsvFile::SetForm(const TCsvForm& aForm) {
+  fForm = aForm;
+  fCut = false;
+}
+
+void TCsvFile::GoTo(int aLine) {
+  if (aLine < 1 || aLine > LineCount()) return;
+  fCurrent = aLine;
+  fCut = false;
+}
+
+void TCsvFile::TakeQuoted(std::string_view& aRest, TColumn& aColumn) const {
+  aRest.remove_prefix(1);
+  std::size_t end = aRest.find(fForm.quote);
+  while (end != std::string_view::npos && end + 1 < aRest.size() && aRest[end + 1] == fForm.quote) {
+    aColumn.doubled = true;
+    end = aRest.find(fForm.quote, end + 2);
+  }
+  aColumn.unclosed = end == std::string_view::npos;
+  aColumn.bytes = aRest.substr(0, end);
+  aRest.remove_prefix(aColumn.unclosed ? aRest.size() : end + 1);
+}
+
+bool TCsvFile::TakeColumn(std::string_view& aRest, TColumn& aColumn) const {
+  aColumn = {};
+  const bool quoted = fForm.quote != 0 && aRest.starts_with(fForm.quote);
+  if (quoted) TakeQuoted(aRest, aColumn);
+  const std::size_t end = aRest.find(fForm.delimiter);
+  (quoted ? aColumn.tail : aColumn.bytes) = aRest.substr(0, end);
+  if (end == std::string_view::npos) return false;
+  aRest.remove_prefix(end + 1);
+  return true;
+}
+
+void TCsvFile::Cut() const {
+  if (fCut) return;
+  fCut = true;
+  fTooMany = false;
+  fColumns.clear();
+  std::string_view rest = Line(fCurrent);
+  if (rest.empty()) return;
+  TColumn column;
+  bool more = true;
+  while (more && fColumns.size() < static_cast<std::size_t>(MostColumns)) {
+    more = TakeColumn(rest, column);
+    fColumns.push_back(column);
+  }
+  fTooMany = more;
+}
+
+int TCsvFile::ColumnCount() const {
+  Cut();
+  return static_cast<int>(fColumns.size());
+}
+
+std::string TCsvFile::Column(int aIndex) const {
+  Cut();
+  const auto index = static_cast<std::size_t>(aIndex);
+  return index < fColumns.size() ? Text(fColumns[index]) : std::string();
+}
+
+std::string_view TCsvFile::RawColumn(int aLine, int aIndex) const {
+  std::string_view rest = Line(aLine);
+  TColumn column;
+  for (int i = 0; i < aIndex; ++i) {
+    if (!TakeColumn(rest, column)) return {};
+  }
+  TakeColumn(rest, column);
+  return column.bytes;
+}
+
+void TCsvFile::AppendText(std::string& aText, std::string_view aBytes) const {
+  std::string text = fUtf8 ? Utf8::Repaired(aBytes) : AnsiToUtf8(aBytes);
+  if (text.find('\0') != std::string::npos) {
+    std::string clean;
+    for (const char c : text) c == '\0' ? Utf8::Append(clean, Utf8::Replacement) : clean.push_back(c);
+    text = std::move(clean);
+  }
+  aText.empty() ? aText.swap(text) : static_cast<void>(aText += text);
+}
+
+std::string TCsvFile::Text(const TColumn& aColumn) const {
+  std::string text;
+  if (!aColumn.doubled) {
+    AppendText(text, aColumn.bytes);
+  } else {
+    std::string single;
+    for (std::size_t i = 0; i < aColumn.bytes.size(); ++i) {
+      single += aColumn.bytes[i];
+      if (aColumn.bytes[i] == fForm.quote) ++i;
+    }
+    AppendText(text, single);
+  }
+  if (!aColumn.tail.empty()) AppendText(text, aColumn.tail);
+  return text;
+}
+
+// Problems --------------------------------------------------------------------------------
+
+std::vector<TCsvProblem> TCsvFile::Problems(int aColumns) const {
+  Cut();
+  std::vector<TCsvProblem> problems;
+  const auto add = [&](std::size_t aColumn, std::string aWhat) {
+    problems.push_back({fCurrent, static_cast<int>(aColumn), std::move(aWhat)});
+  };
+  const std::string_view line = Line(fCurrent);
+  if (fTooMany) {
+    add(0, "there are more than " + std::to_string(MostColumns) + " columns");
+  } else if (aColumns > 0 && ColumnCount() != aColumns) {
+    add(0, "there are " + std::to_string(ColumnCount()) + " columns where " + std::to_string(aColumns) +
+               " belong");
+  }
+  if (line.find('\0') != std::string_view::npos) add(0, "there is a NUL character");
+  if (fUtf8 && !Utf8::IsValid(line)) add(0, "there are bytes that are not UTF-8");
+  for (std::size_t i = 0; i < fColumns.size(); ++i) {
+    if (fColumns[i].unclosed) add(i + 1, "a quote is not closed");
+    if (!fColumns[i].tail.empty()) add(i + 1, "there is text behind the closing quote");
+  }
+  return problems;
+}
+
+std::vector<TCsvProblem> TCsvFile::HeaderProblems() const {
+  std::vector<TCsvProblem> problems = Problems(0);
+  std::unordered_map<std::string, int> places;
+  for (int i = 0; i < ColumnCount(); ++i) {
+    const std::string name = Column(i);
+    if (name.empty()) problems.push_back({fCurrent, i + 1, "the column has no name"});
+    const auto [place, added] = places.emplace(LowerCase(name), i + 1);
+    if (name.empty() || added) continue;
+    problems.push_back(
+        {fCurrent, i + 1,
+         "the name " + Quoted(name) + " stands for column " + std::to_string(place->second) + " already"});
+  }
+  return problems;
+}
+
+}  // namespace Zor
