@@ -19,22 +19,6 @@ namespace fs = std::filesystem;
 constexpr mode_t NewFileMode = 0666;  // the process's mask takes from it
 constexpr int MaxNameAttempts = 100;  // names left over by killed processes of the same id
 
-void WriteAll(int aHandle, std::string_view aBytes, const std::string& aFileName) {
-  while (!aBytes.empty()) {
-    const ssize_t written = ::write(aHandle, aBytes.data(), aBytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) RaiseErrno("Cannot write", aFileName, errno);
-    aBytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
-
-/// Makes a rename in the folder last. A folder that cannot be opened or flushed (some file systems cannot) is
-/// no failure: the file itself is whole.
-void FlushFolder(const std::string& aFolder) {
-  TDescriptor folder(::open(aFolder.empty() ? "." : aFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder.Handle() >= 0) ::fsync(folder.Handle());
-}
-
 /// What a chain of symbolic links points at; the name itself when it is none or points nowhere.
 std::string ResolveLinks(const std::string& aFileName) {
   std::error_code error;

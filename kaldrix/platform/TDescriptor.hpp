@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 #include "kaldrix/platform/Exceptions.hpp"
@@ -34,5 +35,11 @@ class TDescriptor {
  private:
   int fHandle;
 };
+
+void WriteAll(int aHandle, std::string_view aBytes, const std::string& aFileName);
+
+/// Makes a rename in the folder last. A folder that cannot be opened or flushed (some file systems cannot) is
+/// no failure: the file itself is whole.
+void FlushFolder(const std::string& aFolder);
 
 }  // namespace Zor
