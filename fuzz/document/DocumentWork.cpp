@@ -67,7 +67,6 @@ void RoundTrip(TBareLabel& aDocument, bool aLawful) {
   const std::string text = TextOf(aDocument);
   const std::string again = TextOfReading(text);
   RequireSame(again, aLawful ? text : TextOfReading(again), "the JSON form keeps the document");
-  aDocument.fPrintInfo->fLabs = 1;  // The binary form does not tell it.
   RequireSame(TextOfReading(aDocument.SaveToBytes(lfBin)), TextOf(aDocument),
               "the binary form keeps the document");
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "kaldrix/core/TKDXBaseItem.hpp"
 
@@ -11,8 +12,11 @@ namespace Zor::inline Base {
 inline void Fetch([[maybe_unused]] const void* aMemory, [[maybe_unused]] std::size_t aBytes) {
 #if defined(__GNUC__)
   constexpr std::size_t line = 64;
-  const char* memory = static_cast<const char*>(aMemory);
-  for (std::size_t at = 0; at < aBytes; at += line) __builtin_prefetch(memory + at, 1);
+  // A number, since this is only a hint: there may be no object, or a shorter one.
+  const auto memory = reinterpret_cast<std::uintptr_t>(aMemory);
+  for (std::size_t at = 0; at < aBytes; at += line) {
+    __builtin_prefetch(reinterpret_cast<const void*>(memory + at), 1);
+  }
 #endif
 }
 
