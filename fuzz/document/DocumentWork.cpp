@@ -6,7 +6,6 @@
 #include <iostream>
 #include <set>
 
-#include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/editor/DocumentCheck.hpp"
 #include "kaldrix/platform/TBinaryWriter.hpp"
 #include "support/TBareLabel.hpp"
