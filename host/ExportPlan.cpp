@@ -66,22 +66,34 @@ void TExportPlan::TakeSheet(int aPage) {
   if (measure.fPaperWidth <= 0 || measure.fPaperHeight <= 0) throw EInvalidOperation("The paper has no size");
   width = MM(measure.fPaperWidth);
   height = MM(measure.fPaperHeight);
-  const Int64 most = fDocument.fData->fWalk == nullptr ? INT64_MAX : GoToPage(aPage);
   const bool first = aPage == 1;
-  AddCells(first ? print.fFirstRow : 1, first ? print.fFirstCol : 1, most);
+  const bool planned = print.fPagesToPrint > 0;
+  AddCells(first ? print.fFirstRow : 1, first ? print.fFirstCol : 1, planned ? LabelsFrom(aPage) : INT64_MAX);
+  if (planned) FillCopies(aPage);
 }
 
-Int64 TExportPlan::GoToPage(int aPage) {
-  const TKDXBasePrintInfo& print = *fDocument.fPrintInfo;
-  fDocument.GoToPage(aPage, true, true);
-  const Int64 before =
-      aPage == 1 ? 0 : AddHeld(print.FirstPageLabels(), MulHeld(print.LabelsPerPage(), aPage - 2));
-  const Int64 most = SubHeld(print.fLabelsToPrint, before);
+Int64 TExportPlan::LabelsFrom(int aPage) const {
+  const Int64 most = Int64{fDocument.fPrintInfo->fLabelsToPrint} - fDocument.FirstLabelOfPage(aPage) + 1;
   if (most < 1) throw EArgumentOutOfRangeException("Page " + std::to_string(aPage) + " has no labels");
-  fVaries = std::any_of(fDocument.fItems.begin(), fDocument.fItems.end(),
-                        [](const TKDXBaseItem* item) { return item->GetIsData(); });
-  if (fVaries) IndexCopies();
   return most;
+}
+
+void TExportPlan::FillCopies(int aPage) {
+  IndexCopies();
+  bool made = false;
+  for (const TKDXBaseItem* item : fDocument.fItems) {
+    if (!item->GetIsData() || !item->Shows(lopVisible) || !item->Shows(lopExport)) continue;
+    fVaries = true;
+    for (const TLabelCell& cell : cells) {
+      const auto [place, missing] = fCopies.try_emplace(CopyKey(item->fInID, cell.row, cell.column), nullptr);
+      if (!missing) continue;
+      place->second = &fDocument.MakePreviewCopy(*item, cell.row, cell.column);
+      made = true;
+    }
+  }
+  // A page that was filled before it had all its copies is filled again.
+  if (made) fDocument.fPrintInfo->fLastPageFill = -1;
+  fDocument.GoToPage(aPage, true, !made);
 }
 
 void TExportPlan::AddCells(int aRow, int aColumn, Int64 aMost) {
@@ -90,16 +102,18 @@ void TExportPlan::AddCells(int aRow, int aColumn, Int64 aMost) {
     return aMargin + (Int64{aSize} + aGap) * (aIndex - 1);
   };
   int column = std::max(aColumn, 1);
+  Int64 given = 0;  // Labels beside the paper count too.
   for (int row = std::max(aRow, 1); row <= m.fNuHor; ++row, column = 1) {
     const Int64 top = place(m.fMarTop, m.fHeight, m.fDiHor, row);
     if (top >= m.fPaperHeight) return;
-    for (; column <= m.fNuVer; ++column) {
+    for (; column <= m.fNuVer; ++column, ++given) {
       const Int64 left = place(m.fMarLeft, m.fWidth, m.fDiVer, column);
+      if (given >= aMost) return;
       if (left >= m.fPaperWidth) break;
-      if (static_cast<Int64>(cells.size()) >= aMost) return;
       if (cells.size() >= MostLabels) throw EInvalidOperation("There are too many labels on one sheet");
       cells.push_back({MM(left), MM(top), row, column});
     }
+    given += std::max(m.fNuVer - column + 1, 0);
   }
 }
 

@@ -20,7 +20,8 @@ struct TLabelCell {
 /// The part of the paper that becomes the picture, and the labels on it.
 class TExportPlan {
  public:
-  /// Brings the document up to date: waiting items are measured, and with data the page is gone to. Raises an
+  /// Brings the document up to date: waiting items are measured, and where a print has been planned
+  /// (CheckPrintData) the page is gone to and filled; else all labels of a sheet show the design. Raises an
   /// Exception for what cannot be exported.
   TExportPlan(TKDXLabel& aDocument, const TExportOptions& aOptions);
 
@@ -47,8 +48,11 @@ class TExportPlan {
   void TakeLabel();
   void TakeExtent();
   void TakeSheet(int aPage);
-  /// Goes to the page of the data; gives how many labels it holds at most.
-  Int64 GoToPage(int aPage);
+  /// The labels of a planned print from that page on; raises EArgumentOutOfRangeException when there are
+  /// none.
+  Int64 LabelsFrom(int aPage) const;
+  /// Makes the copies that the cells lack, and fills those of the page.
+  void FillCopies(int aPage);
   void AddCells(int aRow, int aColumn, Int64 aMost);
   void IndexCopies();
   TKDXBaseItem* CopyOf(const TKDXBaseItem& aItem, const TLabelCell& aCell) const;

@@ -39,7 +39,7 @@ void TKDXLabel::ExportDoc(TZORExport aType, const std::string& aFilename, int aP
   options.page = aPage;
   options.fit = aFit;
   options.transparent = aTransparent;
-  if (aCheckData && fData->fWalk != nullptr) fData->fWalk->First();
+  if (aCheckData && fData->fLinkData) CheckPrintData();
   switch (aType) {
     case exPDF:
       return WriteFileAtomically(aFilename, ExportPdf(*this, options));

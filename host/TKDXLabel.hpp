@@ -23,7 +23,8 @@ class TKDXLabel : public TKDXLabelOf<THostItem> {
   void Print() override;
   /// Writes a PDF or PNG; other kinds raise EArgumentException. `aPage` as in TExportOptions. `aScale` is for
   /// pictures: 1 gives 96 dots per inch. `aTransparent` leaves the paper of a picture out. `aCheckData`
-  /// begins the walk of the data anew; `aQuality` matters for no kind that is written.
+  /// plans the print anew where the document is linked to data; `aQuality` matters for no kind that is
+  /// written.
   void ExportDoc(TZORExport aType, const std::string& aFilename, int aPage, Single aScale, int aQuality,
                  bool aCheckData, bool aTransparent, bool aFit) override;
 

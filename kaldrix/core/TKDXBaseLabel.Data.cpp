@@ -1,6 +1,10 @@
-// Values of data, counters, lists and questions for the items.
+// Values of data, counters, lists and questions for the items; the counters themselves.
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
+#include <algorithm>
+#include <utility>
+
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/platform/TextNumbers.hpp"
@@ -37,16 +41,58 @@ Single TKDXBaseLabel::DataNumValue(const std::string& aField, TZORFillType aFill
   return HeldSingle(TextToNumber(DataValue(aField, {}, aFill)).value_or(0));
 }
 
+bool TKDXBaseLabel::DataGraphic(const std::string& aField, std::string& aStream) const {
+  return fData->DataGraphic(aField, aStream);
+}
+
+// Counters --------------------------------------------------
+
 TKDXCounter* TKDXBaseLabel::FindCounter(std::string_view aName) const {
-  for (TKDXCounter* counter : fCounters) {
-    if (SameText(counter->fName, aName)) return counter;
-  }
-  return nullptr;
+  const auto found = std::find_if(fCounters.begin(), fCounters.end(), [aName](const TKDXCounter* counter) {
+    return counter->fName == aName || SameText(counter->fName, aName);
+  });
+  return found == fCounters.end() ? nullptr : *found;
+}
+
+bool TKDXBaseLabel::CounterName(std::string_view coName, const TKDXCounter* aCounter) const {
+  return std::any_of(fCounters.begin(), fCounters.end(), [&](const TKDXCounter* counter) {
+    return counter != aCounter && SameText(counter->fName, coName);
+  });
 }
 
 std::string TKDXBaseLabel::CounterValue(std::string_view aName) const {
   const TKDXCounter* counter = FindCounter(aName);
   return counter == nullptr ? std::string() : counter->fValue;
+}
+
+TKDXCounter* TKDXBaseLabel::GetCounter(int aIndex) const {
+  return aIndex < 1 || aIndex > fCounters.Count() ? nullptr : fCounters[aIndex - 1];
+}
+
+bool TKDXBaseLabel::RemoveCounter(TKDXCounter* aCounter) {
+  if (fCounters.IndexOf(aCounter) < 0) return false;
+  Unbind(ftCounter, [aCounter](const std::string& aName) { return SameText(aName, aCounter->fName); });
+  fCounters.Delete(aCounter);
+  return true;
+}
+
+void TKDXBaseLabel::Unbind(TZORFillType aFill, const std::function<bool(const std::string&)>& aMatches) {
+  // An item tells its binding only while the document is linked.
+  const bool linked = std::exchange(fData->fLinkData, true);
+  for (TKDXBaseItem* item : fItems) {
+    auto* bound = dynamic_cast<IZORData*>(item);
+    if (bound != nullptr && bound->FillType() == aFill && aMatches(bound->FillName())) {
+      bound->SetData(ftNone, {}, {});
+    }
+  }
+  fData->fLinkData = linked;
+}
+
+void TKDXBaseLabel::ResetCounters() {
+  if (!fPrintInfo->CountersRun()) return;
+  for (int i = fCounters.Count() - 1; i >= 0; --i) {
+    if (fCounters[i]->fActive) fCounters[i]->Reset();
+  }
 }
 
 }  // namespace Zor::inline Base

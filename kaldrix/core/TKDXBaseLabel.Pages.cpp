@@ -2,47 +2,52 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
 #include <algorithm>
+#include <limits>
 
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 
 namespace Zor::inline Base {
 
+int TKDXBaseLabel::FirstLabelOfPage(int aPage) const {
+  const Int64 first = std::max(fPrintInfo->FirstPageLabels(), 0);
+  const Int64 others = MulHeld(fPrintInfo->LabelsPerPage(), Int64{aPage} - 2);
+  const Int64 before = aPage > 1 ? AddHeld(first, others) : 0;
+  return static_cast<int>(
+      std::clamp<Int64>(AddHeld(fPrintInfo->fFirstOfRun, before), 1, std::numeric_limits<int>::max()));
+}
+
 void TKDXBaseLabel::GoToPage(int aPage, bool aFillData, bool aCheck) {
-  IZODataWalk* walk = fData->fWalk;
-  if (aPage == 1) {
-    if (walk != nullptr) walk->First();
-    fPrintInfo->fCurrentLabel = 1;
-    fPrintInfo->fCurrentPage = 1;
-  } else if (!aCheck || aPage != fPrintInfo->fCurrentPage) {
-    fData->fFieldRepeat.empty() ? SkipToPage(aPage) : SkipRepeated(aPage);
+  if (aPage == 1 || !aCheck || aPage != fPrintInfo->fCurrentPage) {
+    GoToLabel(FirstLabelOfPage(aPage));
     fPrintInfo->fCurrentPage = aPage;
   }
-  if (aFillData && walk != nullptr) walk->FillDataPage(aPage);
+  if (aFillData) FillDataPage(aPage);
 }
 
-void TKDXBaseLabel::SkipToPage(int aPage) {
-  const Int64 first = fPrintInfo->FirstPageLabels();
-  const Int64 labels = MulHeld(fPrintInfo->LabelsPerPage(), aPage - 2);
-  const Int64 current = AddHeld(AddHeld(first, labels), 1);
-  const Int64 repetition = std::max(fPrintInfo->fRepetition, 1);
-  fPrintInfo->fCurrentLabel = static_cast<int>(current);
-  const Int64 record = current / repetition + (current % repetition != 0 ? 1 : 0);
-  if (fData->fWalk != nullptr) fData->fWalk->SetPos(static_cast<int>(record));
-  const Int64 rest = (first + labels) % repetition;
-  fData->fPosRepeat = static_cast<int>(rest != 0 ? rest + 1 : 1);
-}
-
-void TKDXBaseLabel::SkipRepeated(int aPage) {
-  IZODataWalk* walk = fData->fWalk;
-  if (walk == nullptr) return;
-  walk->First();
-  Int64 labels = fPrintInfo->FirstPageLabels();
-  labels += MulHeld(fPrintInfo->LabelsPerPage(), std::max(aPage - 2, 0));
-  const Int64 count = std::min<Int64>(labels, fPrintInfo->fLabelsToPrint);
-  for (Int64 i = 0; i < count; ++i) walk->NextData();
-  fPrintInfo->fCurrentLabel = static_cast<int>(count + 1);
+void TKDXBaseLabel::GoToLabel(int aLabel) {
+  fPrintInfo->fCurrentLabel = aLabel;
+  const bool known = KnowsLabel();
+  if (known && fWalkLabel == aLabel) return;
+  // 1. The record: walked on to where that is the only way, else gone to.
+  if (aLabel == 1) {
+    fData->First();
+  } else if (fData->Repeats() || !fData->fFieldRepeat.empty()) {
+    if (!known || fWalkLabel > aLabel) fData->First();
+    fData->Skip(aLabel - (known && fWalkLabel <= aLabel ? fWalkLabel : 1));
+  } else {
+    fData->GoToLabel(aLabel);
+  }
+  // 2. The counters.
+  if (fPrintInfo->CountersRun()) {
+    for (TKDXCounter* counter : fCounters) {
+      if (counter->fActive) counter->MoveTo(aLabel);
+    }
+  }
+  fWalkLabel = aLabel;
+  fWalkMoves = fData->fMoves;
 }
 
 void TKDXBaseLabel::CheckFit(Int64& aMinX, Int64& aMaxX, Int64& aMinY, Int64& aMaxY) const {

@@ -60,11 +60,9 @@ void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
     fMaxID = 1;
     FreeAll(fItems);
   }
-  if (takes(clePreview)) FreeAll(fPreview);
+  if (takes(clePreview)) ClearPreview();
   if (aValue.Has(cleAll)) {
-    fData->fLinkData = false;
-    fData->fJson.clear();
-    fData->fCsvFileName.clear();
+    fData->ClearSources();
     fCalcs.clear();
   }
   if (takes(cleLayers)) fLayers.Truncate(1);
@@ -96,6 +94,7 @@ void TKDXBaseLabel::Loaded() {
   if (!fLngFileName.empty()) TKDXMsg::LoadResources(fLngFileName);
   fInfo = {};
   FireInfoEvent(true);
+  if (!fData->fJson.empty()) fData->CheckJson();
 }
 
 void TKDXBaseLabel::Notification(TComponent& aComponent, TOperation aOperation) {

@@ -34,6 +34,16 @@ class TKDXSettings;
 /// The version that this library writes, in JSON and binary.
 inline constexpr int FormatVersion = 3200;
 
+/// What a cell of a filled page shows.
+struct TZOPageLabel {
+  int label;                          ///< number in the print, 1-based
+  int row, column;                    ///< on the sheet, 1-based
+  int record;                         ///< of the source, 1-based; 0 without one
+  int position;                       ///< TKDXData::fPos: of a CSV source the line of the file; 0 without one
+  int repeat;                         ///< which label of its record it is, 1-based
+  std::vector<std::string> counters;  ///< values of the active counters, in the order of fCounters
+};
+
 /// The document: one drawing with its layers, items, styles, selection and undo stacks. Everything reaches
 /// everything through it; a host subclasses it and makes the items.
 ///
@@ -48,7 +58,9 @@ inline constexpr int FormatVersion = 3200;
 ///   Selection      TKDXBaseLabel.Selection.cpp
 ///   Values         TKDXBaseLabel.Values.cpp       units, conversions, editor mode
 ///   Pages          TKDXBaseLabel.Pages.cpp
-///   Data           TKDXBaseLabel.Data.cpp
+///   Data           TKDXBaseLabel.Data.cpp         values, counters
+///                  TKDXBaseLabel.Print.cpp        planning and filling the labels of a print
+///                  TKDXBaseLabel.DataLists.cpp    pick lists
 ///   Undo           TKDXBaseLabel.Undo.cpp
 ///   JSON           TKDXBaseLabel.Json.cpp
 ///   Binary         TKDXBaseLabel.Binary.cpp
@@ -232,9 +244,69 @@ class TKDXBaseLabel : public TComponent {
   /// ends of 32 bits.
   int DataIntValue(const std::string& aField, TZORFillType aFill) const;
   Single DataNumValue(const std::string& aField, TZORFillType aFill) const;
+  /// See TKDXData::DataGraphic.
+  bool DataGraphic(const std::string& aField, std::string& aStream) const;
   /// Names of counters are compared without case. None when there is none.
   TKDXCounter* FindCounter(std::string_view aName) const;
+  /// Has another counter than `aCounter` that name?
+  bool CounterName(std::string_view coName, const TKDXCounter* aCounter) const;
+  /// The text of the current number; empty when there is no such counter.
   std::string CounterValue(std::string_view aName) const;
+  TKDXCounter* GetCounter(int aIndex) const;
+  int GetCounterCount() const { return fCounters.Count(); }
+  /// Unbinds the items that show the counter, and frees it.
+  bool RemoveCounter(TKDXCounter* aCounter);
+  /// Takes the binding from the items that are bound by that kind to a name which `aMatches` accepts. Not
+  /// recorded.
+  void Unbind(TZORFillType aFill, const std::function<bool(const std::string&)>& aMatches);
+
+  // Printing labels --------------------------------------------------
+
+  /// Plans a print: which counters, lists and questions the printed items use, how many labels and pages
+  /// there are, and what drives the walk (fPrintInfo). Opens the source, see TKDXData::Reset for what it
+  /// raises, and frees the preview copies.
+  virtual void CheckPrintData();
+  /// Narrows a planned print to some of its labels, 1-based, which then begin at the first cell of page 1.
+  /// False, and nothing changes, when there are none.
+  bool SetLabelRange(int aFirst, int aLast);
+  /// The number of the label in the first cell of a page, 1-based, held inside 32 bits.
+  int FirstLabelOfPage(int aPage) const;
+  /// One label further, in records and counters alike.
+  void NextData();
+  /// Fills the preview copies of a page from the current label on, and notes what stands in its cells.
+  /// Nothing when the page was filled last. Raises EInvalidOperation for more than MostPageLabels labels.
+  void FillDataPage(int aPage);
+  /// What the cells of the page that was filled last show, in order.
+  const std::vector<TZOPageLabel>& GetPageLabels() const { return fPageLabels; }
+  /// Back to the first value, while counters run. See TKDXData::First.
+  void ResetCounters();
+  /// A copy of an item for a cell of the sheet, which joins fPreview. Not recorded.
+  TKDXBaseItem& MakePreviewCopy(const TKDXBaseItem& aItem, int aRow, int aCol);
+  void ClearPreview();
+  static constexpr int MostPageLabels = 100'000;
+
+  // Pick lists. Each replaces `List`; with `aData`, its first line takes a binding away. Names stand behind
+  // the marker of their kind, or without `IncSymbol` alone.
+  // --------------------------------------------------
+
+  /// All fields of the selected source, then counters, lists and questions; always with markers.
+  void GetDataFields(std::vector<std::string>& List, const std::string& aData, bool AddCounters) const;
+  void GetImgFields(std::vector<std::string>& List, const std::string& aData, bool IncSymbol) const;
+  void GetIntFields(std::vector<std::string>& List, const std::string& aData, bool IncSymbol,
+                    bool AddCounters) const;
+  void GetNumFields(std::vector<std::string>& List, const std::string& aData, bool IncSymbol,
+                    bool AddCounters) const;
+  void GetTxtFields(std::vector<std::string>& List, const std::string& aData, bool IncSymbol) const;
+  /// The fields of a detail, without markers.
+  void GetDetailFields(std::vector<std::string>& List, const std::string& aData,
+                       const std::string& dName) const;
+  /// The details of every source.
+  void GetDetails(std::vector<std::string>& List, bool IncSymbol) const;
+  /// The selected source and its details.
+  void GetDataDetails(std::vector<std::string>& List, const std::string& aData, bool IncSymbol) const;
+  /// The fields behind a line of GetDataDetails: of the selected source, or of a detail.
+  void GetMasterDetailFields(std::vector<std::string>& List, const std::string& dSymName, bool IncSymbol,
+                             bool ExcludeImg) const;
 
   // Undo --------------------------------------------------
 
@@ -295,6 +367,11 @@ class TKDXBaseLabel : public TComponent {
   virtual TKDXBaseItem* NewSector3P(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3, Single aStart,
                                     Single aGap) = 0;
   virtual TKDXBaseItem* NewEllipse(Int64 cx, Int64 cy, Int64 rx, Int64 ry) = 0;
+  /// Codes are UTF-8. Those of two dimensions raise what their encoders raise, and then leave no item behind.
+  virtual TKDXBaseItem* NewBarcode(Int64 x, Int64 y, const std::string& code, TZORBarType aType) = 0;
+  virtual TKDXBaseItem* NewPDF417(Int64 x, Int64 y, const std::string& code) = 0;
+  virtual TKDXBaseItem* NewDataMatrix(Int64 x, Int64 y, const std::string& code) = 0;
+  virtual TKDXBaseItem* NewQRCode(Int64 x, Int64 y, const std::string& code) = 0;
   /// An item of that kind with start values, as a reader needs it; none when the host has no class for it.
   virtual TKDXBaseItem* NewItemOfType(TZORItemType aType, bool aPreview) = 0;
 
@@ -410,8 +487,13 @@ class TKDXBaseLabel : public TComponent {
   void Rotate(int aStep, void (TKDXBaseItem::*aTurn)());
   TKDXLayer* BoxLayer(bool& aMade);
   void MakeBox(TKDXLayer& aLayer);
-  void SkipToPage(int aPage);
-  void SkipRepeated(int aPage);
+  void GoToLabel(int aLabel);
+  /// Is fWalkLabel still where the walk stands? Hosts may move the data by themselves.
+  bool KnowsLabel() const;
+  void PlanItems();
+  void PlanCounter(std::string_view aName);
+  void PlanPages();
+  void NoteLabel(int aLabel, int aRow, int aColumn);
   std::unique_ptr<TJsonObject> GetJsonSections() const;
   void ClearForRead();
   void ReadSymbol(TJsonObject& aJson);
@@ -421,6 +503,9 @@ class TKDXBaseLabel : public TComponent {
   void CheckNeedDrawUnits();
 
   TItemIndex fIndex;
+  std::vector<TZOPageLabel> fPageLabels;
+  int fWalkLabel = 0;       ///< the label that the walk stands on, 0 when that is not known
+  unsigned fWalkMoves = 0;  ///< of fData when fWalkLabel was noted
 };
 
 }  // namespace Zor::inline Base

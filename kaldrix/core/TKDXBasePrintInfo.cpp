@@ -42,6 +42,11 @@ int TKDXBasePrintInfo::FirstPageLabels() const {
   return HeldCount((rows - fFirstRow) * columns + (columns - fFirstCol) + 1);
 }
 
+bool TKDXBasePrintInfo::CountersRun() const {
+  return fFillType == ftCounter || fFillType == ftFieldCount || fFillType == ftJsonCount ||
+         fFillType == ftCsvCount;
+}
+
 // What is printed
 // ---------------------------------------------------------------------------------------------------
 

@@ -24,6 +24,9 @@ class TKDXBasePrintInfo final : public TPersistent {
   int LabelsPerPage() const;
   /// Labels of the first sheet, which begins at fFirstRow and fFirstCol.
   int FirstPageLabels() const;
+  /// Do records, do counters drive the walk?
+  bool DataRuns() const { return fFillType != ftNone && fFillType != ftCounter; }
+  bool CountersRun() const;
   /// The current page, 1-based, while data drives the walk; else 0.
   int GetPage() const { return fFillType == ftNone ? 0 : fCurrentPage; }
 
@@ -70,8 +73,9 @@ class TKDXBasePrintInfo final : public TPersistent {
   int fCopies = 1;
 
   // Found and moved by the walk.
-  int fPagesToPrint = 0;
-  int fLabelsToPrint = 0;
+  int fPagesToPrint = 0;   ///< 0 until a print has been planned
+  int fFirstOfRun = 1;     ///< the label in the first cell of page 1
+  int fLabelsToPrint = 0;  ///< the last label
   int fLastPageFill = 0;
   int fCurrentPage = 0;
   int fCurrentLabel = 0;

@@ -25,8 +25,8 @@ constexpr std::size_t BytesOfValList = 2;
 constexpr std::size_t BytesOfAskField = 4;
 
 auto Values(auto& d) {
-  return std::tie(d.fCsvDescription, d.fJson, d.fSaveJson, d.fCsvFileName, d.fCsvHeader, d.fCsvSep,
-                  d.fCsvQuote, d.fType, d.fLinkData, d.fDataSel, d.fFieldRepeat);
+  return std::tie(d.fJson, d.fSaveJson, d.fCsvFileName, d.fCsvHeader, d.fCsvSep, d.fCsvQuote, d.fType,
+                  d.fLinkData, d.fDataSel, d.fFieldRepeat);
 }
 
 template <class T>
@@ -51,6 +51,9 @@ bool SameExactly(std::string_view a, std::string_view b) { return a == b; }
 
 }  // namespace
 
+TKDXData::TKDXData(TKDXBaseLabel* aOwner) : fOwner(aOwner), fDatasets(aOwner) {}
+TKDXData::~TKDXData() = default;
+
 std::string IncSymData(std::string_view aName, TZORFillType aFill) {
   if (aFill >= ftImg64) return {};
   return std::string(FillMarkers[aFill]).append(aName);
@@ -60,56 +63,7 @@ void TKDXData::Assign(const TPersistent& aSource) {
   const auto* source = dynamic_cast<const TKDXData*>(&aSource);
   if (source == nullptr) return TPersistent::Assign(aSource);
   Values(*this) = Values(*source);
-}
-
-// Source
-// ------------------------------------------------------------------------------------------------------------
-
-void TKDXData::SetJson(const std::string& aText) {
-  const std::string_view text = Trim(aText);
-  if (text == fJson) return;
-  fJson = text;
-  if (!fJson.empty()) CheckJson();
-}
-
-void TKDXData::CheckJson() {
-  if (!fJson.starts_with('{')) {
-    fJson.clear();
-    throw Exception(TKDXMsg::GetErrorValue("NoJson"));
-  }
-  TJsonBaseObject::Parse(fJson);
-}
-
-bool TKDXData::IsValidData(TZORFillType aFill, const std::string& aField) const {
-  return fWalk != nullptr && fLinkData && aFill != ftNone && !aField.empty();
-}
-
-// Values
-// ------------------------------------------------------------------------------------------------------------
-
-std::string TKDXData::DataValue(const std::string& aField, const std::string& aFormat) const {
-  if (!fLinkData || fWalk == nullptr) return aField;
-  return fWalk->DataValue(aField, aFormat, ftField);
-}
-
-std::string TKDXData::DataList(const std::string& aName, const std::string& /*aFormat*/) const {
-  const TZOValList* list = GetListVal(std::string_view(aName));
-  return list == nullptr ? aName : list->fAnsText;
-}
-
-std::string TKDXData::DataAsk(const std::string& aName, const std::string& aFormat) const {
-  const TZOAskField* question = GetAskField(std::string_view(aName));
-  return question == nullptr ? aName : question->Answer(aFormat);
-}
-
-int TKDXData::DataAskInt(const std::string& aName) const {
-  const TZOAskField* question = GetAskField(std::string_view(aName));
-  return question == nullptr ? 0 : HeldWhole(question->AnswerNumber());
-}
-
-Single TKDXData::DataAskNum(const std::string& aName) const {
-  const TZOAskField* question = GetAskField(std::string_view(aName));
-  return question == nullptr ? 0 : HeldSingle(question->AnswerNumber());
+  fDatasets.Assign(source->fDatasets);
 }
 
 // Lists and questions
@@ -125,6 +79,28 @@ bool TKDXData::AddAskVal(const std::string& aName) {
   if (NameAskExists(aName)) return false;
   new TZOAskField(*this, aName);
   return true;
+}
+
+bool TKDXData::DeleteList(int aIndex) {
+  TZOValList* list = GetListVal(aIndex);
+  if (list == nullptr) return false;
+  fOwner->Unbind(ftList, [list](const std::string& aName) { return aName == list->fName; });
+  fListVal.Delete(list);
+  return true;
+}
+
+bool TKDXData::DeleteAsk(int aIndex) {
+  TZOAskField* question = GetAskField(aIndex);
+  if (question == nullptr) return false;
+  fOwner->Unbind(ftAsk, [question](const std::string& aName) { return aName == question->fName; });
+  fListAsk.Delete(question);
+  return true;
+}
+
+void TKDXData::ResetListAsk() {
+  fHasList = fHasQuest = false;
+  for (TZOValList* list : fListVal) list->fActive = false;
+  for (TZOAskField* question : fListAsk) question->fActive = false;
 }
 
 TZOValList* TKDXData::GetListVal(int aIndex) const { return Numbered(fListVal, aIndex); }
@@ -157,8 +133,11 @@ void TKDXData::Record(TRecord& r) {
 }
 
 void TKDXData::RecordCsvFields(TRecord& r) {
-  fCsvDescription.resize(static_cast<std::size_t>(r.Count(fCsvDescription.size(), BytesOfCsvField)));
-  for (TZOCsvField& field : fCsvDescription) {
+  TKDXDatasetItem* source = CsvItem();
+  const int count = r.Count(source == nullptr ? 0 : source->fFields.Count(), BytesOfCsvField);
+  if (r.Reading() && count > 0) source = &NewCsvItem();
+  for (int i = 0; i < count; ++i) {
+    TKDXFieldItem& field = r.Writing() ? *source->fFields.GetItem(i) : source->fFields.Add();
     // Intended: the caption is written first, and the first text is read as the name.
     r.String(r.Writing() ? field.fCaption : field.fName);
     r.String(r.Writing() ? field.fName : field.fCaption);
@@ -184,6 +163,7 @@ void TKDXData::ReadData(int aVersion, TBinaryReader& bR) {
   ClearAskList();
   TRecord record(bR, aVersion);
   Record(record);
+  if (fSaveJson && !fJson.empty()) CheckJson();
 }
 
 // JSON
@@ -220,23 +200,29 @@ void TKDXData::ReadJson(int aVersion, TJsonObject& aJson) {
   ClearListVal();
   ClearAskList();
   if (fOwner->fEditorMode == emLabelling) ReadJsonLists(aVersion, aJson);
+  if (fSaveJson && !fJson.empty()) CheckJson();
 }
 
 void TKDXData::WriteJsonCsvFields(TJsonArray& aArray) const {
-  for (const TZOCsvField& field : fCsvDescription) {
+  const TKDXDatasetItem* source = CsvItem();
+  if (source == nullptr) return;
+  for (const auto& field : source->fFields) {
     TJsonObject& entry = aArray.AddObject();
-    entry.PutString("Name", field.fName);
-    entry.PutString("Caption", field.fCaption);
-    entry.PutInt("FieldType", field.fFieldType);
+    entry.PutString("Name", field->fName);
+    entry.PutString("Caption", field->fCaption);
+    entry.PutInt("FieldType", field->fFieldType);
   }
 }
 
 void TKDXData::ReadJsonCsvFields(TJsonArray& aArray) {
-  fCsvDescription.clear();
+  if (aArray.Count() == 0) return;
+  TKDXFields& fields = NewCsvItem().fFields;
   for (int i = 0; i < aArray.Count(); ++i) {
     TJsonObject& entry = aArray.GetObject(i);
-    fCsvDescription.push_back(
-        {entry.GetString("Caption"), entry.GetString("Name"), GetEnum<TZORFieldType>(entry, "FieldType")});
+    TKDXFieldItem& field = fields.Add();
+    field.fName = entry.GetString("Name");
+    field.fCaption = entry.GetString("Caption");
+    field.fFieldType = GetEnum<TZORFieldType>(entry, "FieldType");
   }
 }
 

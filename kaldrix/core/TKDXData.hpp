@@ -1,14 +1,18 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "kaldrix/core/TComponent.hpp"
+#include "kaldrix/core/TKDXDatasets.hpp"
 #include "kaldrix/core/TOwnedList.hpp"
+#include "kaldrix/core/TSourceWalk.hpp"
 #include "kaldrix/core/TZOAskField.hpp"
 #include "kaldrix/core/TZOValList.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
+#include "kaldrix/platform/TCsvFile.hpp"
 #include "kaldrix/platform/TRecord.hpp"
 #include "kaldrix/types/Enumerations.hpp"
 
@@ -20,49 +24,111 @@ class TKDXBaseLabel;
 /// gives the name as it stands; ftImg64 gives nothing.
 std::string IncSymData(std::string_view aName, TZORFillType aFill);
 
-/// What walks the records of a source for the pages of a document.
-class IZODataWalk {
- public:
-  virtual void First() = 0;
-  /// One label further, in records and counters alike.
-  virtual void NextData() = 0;
-  /// To a record, 1-based.
-  virtual void SetPos(int aRecord) = 0;
-  /// Fills the labels of a page, 1-based.
-  virtual void FillDataPage(int aPage) = 0;
-  virtual std::string DataValue(const std::string& aField, const std::string& aFormat,
-                                TZORFillType aFill) const = 0;
-
- protected:
-  ~IZODataWalk() = default;
-};
-
-/// A column of a CSV source.
-struct TZOCsvField {
-  std::string fCaption;  ///< what users see and items bind to
-  std::string fName;
-  TZORFieldType fFieldType = ftString;
-};
-
-/// How a document is bound to data: which source, its description, value lists and questions.
+/// How a document is bound to data: which source, what it offers, value lists and questions, and the walk
+/// through the source, label by label.
+///
+///   Lists, persistence  TKDXData.cpp
+///   Sources             TKDXData.Sources.cpp
+///   The walk            TKDXData.Walk.cpp
+///   Values              TKDXData.Values.cpp
 class TKDXData final : public TPersistent {
  public:
-  explicit TKDXData(TKDXBaseLabel* aOwner) : fOwner(aOwner) {}
+  explicit TKDXData(TKDXBaseLabel* aOwner);
+  ~TKDXData() override;
 
   void Assign(const TPersistent& aSource) override;
 
+  // Sources --------------------------------------------------
+
   /// Takes the trimmed text; one that is no JSON object leaves none and raises (see CheckJson). An empty text
-  /// is taken.
+  /// is taken, and takes the description along.
   void SetJson(const std::string& aText);
-  /// Raises Exception with the message NoJson when the text is no object, and empties it; raises
-  /// EJsonParserException for a fault inside.
+  /// Describes the JSON text anew: each array of the top object is a source, with the fields and the details
+  /// of its first element. Raises Exception with the message NoJson when the text is no object, and empties
+  /// it; raises EJsonParserException for a fault inside.
   void CheckJson();
+  /// Takes file, header, quote and separator, and describes the file. Raises the message NoFile for one that
+  /// does not exist, which leaves no name behind, and NoSep for scvNone, which leaves the old separator.
+  bool SetCsvData(const std::string& aFile, bool aHeader, TZORCsvSep aSep, TZORCsvQuote aQuote);
+  /// Describes the CSV file anew by its first line; true. Raises the message NoFile.
+  bool CheckCsvFields();
+  // Each takes the value, and describes the file anew when it is another one.
+  void SetCsvFileName(const std::string& aValue);
+  void SetCsvHeader(bool aValue);
+  void SetCsvSep(TZORCsvSep aValue);
+  void SetCsvQuote(TZORCsvQuote aValue);
+  /// The kind of a column, 0-based; one behind the last is passed over. False below 0 and without a CSV
+  /// source.
+  bool SetCsvField(int aIndex, TZORFieldType aType);
+  void SetFieldRepeat(const std::string& aValue) { fFieldRepeat = aValue; }
+
+  /// Selects the source of that caption, compared without case; fType becomes its kind, or dtyNone.
+  void SetDataSel(const std::string& aName);
+  /// Selects a data set that is still to come.
+  void MigrateDataSel(const std::string& aName);
+  /// Selects the first source of a kind, or the one of that kind with the caption, and links the document to
+  /// it. False, and nothing changes, when there is none.
+  bool Select(TZORDataType aType, const std::string& aCaption = {});
+  /// Forgets JSON text and CSV file with their descriptions, and the open source.
+  void ClearSources();
+
+  /// The source or, in the selected source, the detail of that caption, compared without case.
+  TKDXDatasetItem* GetDataset(std::string_view aName) const { return fDatasets.Find(aName); }
+  TKDXDetailItem* GetDetail(std::string_view aName) const;
+  /// The data set of the selected source; none for another kind.
+  TDataSet* CurrentDataset() const;
+  /// The column, 0-based, of the selected source's field with that caption; -1 when there is none.
+  int GetCsvPos(std::string_view aField) const;
+  /// How lines are cut; without a separator at semicolons.
+  TCsvForm CsvForm() const;
+
+  // The walk --------------------------------------------------
+
+  /// Opens the selected source and counts its labels. Raises NoFile for a CSV file that does not exist,
+  /// EJsonParserException, and what a data set raises.
+  void Reset();
+  /// Back to the first record, and active counters to their first value.
+  void First();
+  /// One label further. At the last record the source stays.
+  /// Intended: a record whose repeat field says 0 or less gives no label, and is passed over.
+  void Next();
+  /// To a record, 1-based; one past the end changes nothing but fPosRepeat.
+  void SetPos(int aRecord);
+  /// As many labels further, at the cost of the records that are passed.
+  void Skip(Int64 aLabels);
+  /// To a label, 1-based, where each record gives as many; past the last record to that.
+  void GoToLabel(int aLabel);
+  /// The records of the open source; 0 while there is none.
+  int Records() const { return fSource == nullptr ? 0 : fSource->Records(); }
+  /// The current record, 1-based; 0 without an open source.
+  int Record() const { return fHasData && fSource != nullptr ? fSource->Record() : 0; }
+  /// Does a field of the open source tell how many labels each record gives?
+  bool Repeats() const { return fRepeats; }
+  /// What is wrong with the current record, and with the names of the fields: lines that name file and line.
+  std::vector<std::string> RecordProblems() const;
+  std::vector<std::string> HeaderProblems() const;
+
+  /// To the first row of a detail of the current record; gives how many there are.
+  int FirstDetail(const std::string& aDetail);
+  void NextDetail(const std::string& aDetail);
+
+  // Values --------------------------------------------------
+
   /// Is there a value for an item of that binding?
   bool IsValidData(TZORFillType aFill, const std::string& aField) const;
-
-  // Values: a missing list or question gives its name, and 0 as a number.
+  /// The field's value in the current record. The field's own name while the document is not linked or no
+  /// source is open. A missing JSON key is empty, a missing column too with a format, else its name; a
+  /// missing field of a data set raises Exception.
   std::string DataValue(const std::string& aField, const std::string& aFormat) const;
-  /// The value picked in a list.
+  /// The same in the current row of a detail.
+  std::string DataDetailValue(const std::string& aDetail, const std::string& aField,
+                              const std::string& aFormat) const;
+  /// An aggregate over the rows of a detail of the current record; values that are no numbers count as 0.
+  std::string GetDetailCalc(const std::string& aDetail, const std::string& aField, const std::string& aFormat,
+                            TZORFooter aFooter);
+  /// Replaces `aStream` by the bytes of a picture field of a data set; false when there are none.
+  bool DataGraphic(const std::string& aField, std::string& aStream) const;
+  /// The value picked in a list. A missing list or question gives its name, and 0 as a number.
   std::string DataList(const std::string& aName, const std::string& aFormat) const;
   /// The answer to a question, by the kind of the question.
   std::string DataAsk(const std::string& aName, const std::string& aFormat) const;
@@ -85,6 +151,13 @@ class TKDXData final : public TPersistent {
   bool NameAskExists(std::string_view aName) const;
   void ClearListVal() { fListVal.Clear(); }
   void ClearAskList() { fListAsk.Clear(); }
+  /// Frees the entry, 1-based, and unbinds the items that used it; false out of range.
+  bool DeleteList(int aIndex);
+  bool DeleteAsk(int aIndex);
+  /// No list and no question is in use.
+  void ResetListAsk();
+
+  // Persistence --------------------------------------------------
 
   void WriteData(TBinaryWriter& bW) const;
   void ReadData(int aVersion, TBinaryReader& bR);
@@ -94,7 +167,7 @@ class TKDXData final : public TPersistent {
   void ReadJson(int aVersion, TJsonObject& aJson);
 
   TKDXBaseLabel* fOwner;
-  IZODataWalk* fWalk = nullptr;  ///< not owned; none while no source is walked
+  TKDXDatasets fDatasets;  ///< what the sources offer
   std::string fJson;
   TZORDataType fType = dtyNone;  ///< the source in use
   bool fLinkData = false;        ///< binding is switched on
@@ -105,13 +178,17 @@ class TKDXData final : public TPersistent {
   TZORCsvSep fCsvSep = scvNone;
   bool fCsvHeader = true;  ///< the first line holds the column names
   TZORCsvQuote fCsvQuote = scqDoubleQuotes;
-  std::vector<TZOCsvField> fCsvDescription;  ///< the columns of the CSV source
+  TTextCode fCsvCode = tcByMark;  ///< not stored
   TOwnedList<TZOValList> fListVal;
   TOwnedList<TZOAskField> fListAsk;
-  int fPos = 1;           ///< current record, 1-based
-  int fPosRepeat = 1;     ///< labels of this record that have been given
-  int fRecordRepeat = 1;  ///< labels that this record gives
-  int fNumlabels = 0;     ///< labels that the source gives in all
+  int fPos = 1;            ///< current record, 1-based; of a CSV source the line of the file
+  int fPosRepeat = 1;      ///< labels of this record that have been given
+  int fRecordRepeat = 1;   ///< labels that this record gives
+  int fNumlabels = 0;      ///< labels that the source gives in all
+  bool fHasData = false;   ///< the source has records
+  bool fValidCsv = false;  ///< Reset found the CSV file
+  bool fHasList = false, fHasQuest = false;  ///< a list, a question is in use on the present print
+  unsigned fMoves = 0;                       ///< grows with each move of the walk
 
  protected:
   const char* ClassName() const override { return "TKDXData"; }
@@ -124,6 +201,28 @@ class TKDXData final : public TPersistent {
   void ReadJsonCsvFields(TJsonArray& aArray);
   void WriteJsonLists(TJsonObject& aJson) const;
   void ReadJsonLists(int aVersion, TJsonObject& aJson);
+
+  TKDXDatasetItem* CsvItem() const;
+  TKDXDatasetItem& NewCsvItem();
+  void DeleteSources(TZORDataType aType);
+  template <class T>
+  void SetCsvValue(T& aField, const T& aValue);
+  std::unique_ptr<TSourceWalk> OpenSource();
+  int Repetition() const;
+  /// Takes up the record that has become the current one.
+  void TakeRecord();
+  void NextRecord();
+  void SkipEmpty();
+  TJsonArray* DetailRows(const TKDXDetailItem& aDetail) const;
+  /// One number for each row of a detail.
+  void FillCalc(TKDXDetailItem& aDetail, const std::string& aField);
+  double Aggregate(TZORFooter aFooter);
+
+  std::unique_ptr<TSourceWalk> fSource;
+  TZORDataType fOpenType = dtyNone;  ///< of fSource
+  bool fRepeats = false;             ///< a field tells the labels of each record
+  bool fEnded = false;               ///< no record with labels follows
+  std::vector<double> fCalcFoot;
 };
 
 }  // namespace Zor::inline Base

@@ -49,7 +49,10 @@ void Fill(TKDXData& aData) {
   aData.fJson = "{\"a\":\"\u00e4\"}";
   aData.fCsvSep = scvTabulator;
   aData.fCsvHeader = false;
-  aData.fCsvDescription = {{"Price", "Price", ftFloat}, {"Photo", "Photo", ftBlobImg}};
+  TKDXDatasetItem& csv = aData.fDatasets.Add();
+  csv.fDataType = dtyCsv;
+  csv.AddField("Price", ftFloat);
+  csv.AddField("Photo", ftBlobImg);
   aData.AddListVal("Sizes");
   aData.GetListVal(1)->AssignValues({"S", "", "XL"});
   aData.AddAskVal("Lot");
@@ -100,11 +103,14 @@ TEST(Data, ReadsBackWhatItWrites) {
 
 TEST(Data, TheFirstTextOfABinaryFieldIsItsName) {
   TBareLabel doc;
-  doc.fData->fCsvDescription = {{"caption", "name", ftString}};
+  TKDXDatasetItem& csv = doc.fData->fDatasets.Add();
+  csv.fDataType = dtyCsv;
+  csv.AddField("caption").fName = "name";
   const std::string bytes = RecordOf(*doc.fData);
   TBinaryReader reader(bytes);
   doc.fData->ReadData(FormatVersion, reader);
-  EXPECT_EQ(doc.fData->fCsvDescription[0].fName, "caption");
+  ASSERT_EQ(doc.fData->fDatasets.Count(), 1);
+  EXPECT_EQ(doc.fData->fDatasets.GetItem(0)->fFields.GetItem(0)->fName, "caption");
 }
 
 }  // namespace

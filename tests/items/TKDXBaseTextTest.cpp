@@ -212,18 +212,6 @@ TEST_F(Text, ASelectedTextIsMeasuredByItsEditor) {
 
 // Data --------------------------------------------------------------------------------
 
-/// A source in which the value of a field is its name between brackets.
-class TBracketWalk final : public IZODataWalk {
- public:
-  void First() override {}
-  void NextData() override {}
-  void SetPos(int) override {}
-  void FillDataPage(int) override {}
-  std::string DataValue(const std::string& aField, const std::string& aFormat, TZORFillType) const override {
-    return "[" + aField + aFormat + "]";
-  }
-};
-
 TEST_F(Text, ABindingTakesKindAndNameFromThePickListLine) {
   struct TCase {
     TZORFillType type;
@@ -253,22 +241,23 @@ TEST_F(Text, ABindingTakesKindAndNameFromThePickListLine) {
 }
 
 TEST_F(Text, DataFillsTheTextWhileTheDocumentIsLinked) {
-  TBracketWalk walk;
-  text.SetData(ftField, "Name", "00");
+  text.SetData(ftField, "Name", "000");
   EXPECT_EQ(text.FillType(), ftNone) << "not linked";
   text.FillData(true);
   EXPECT_EQ(text.fText, "Name");
 
-  doc.fData->fLinkData = true;
-  doc.fData->fWalk = &walk;
+  doc.fData->SetJson(R"({"rows": [{"Name": 7}]})");
+  ASSERT_TRUE(doc.fData->Select(dtyJson));
+  EXPECT_FALSE(text.GetIsData()) << "no source is open";
+  doc.CheckPrintData();
   EXPECT_EQ(text.FillType(), ftField);
   EXPECT_EQ(text.SymFillName(), "~Name");
   EXPECT_TRUE(text.GetIsData());
   text.FillData(false);
-  EXPECT_EQ(text.fText, "[Name00]");
+  EXPECT_EQ(text.fText, "007");
   EXPECT_EQ(text.fWidth, 20000) << "not measured";
   text.FillData(true);
-  EXPECT_EQ(text.fWidth, 40000);
+  EXPECT_EQ(text.fWidth, 15000);
   EXPECT_EQ(text.dText, "Name");
 
   text.SetText("");

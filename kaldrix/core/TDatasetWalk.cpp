@@ -1,0 +1,63 @@
+#include "kaldrix/core/TDatasetWalk.hpp"
+
+#include <algorithm>
+#include <limits>
+
+#include "kaldrix/core/DataText.hpp"
+
+namespace Zor::inline Base {
+
+namespace {
+
+/// What shows the records need not follow for as long as this lives.
+class TControlsOff {
+ public:
+  explicit TControlsOff(TDataSet& aDataset) : fDataset(aDataset) { fDataset.DisableControls(); }
+  ~TControlsOff() { fDataset.EnableControls(); }
+  TControlsOff(const TControlsOff&) = delete;
+  TControlsOff& operator=(const TControlsOff&) = delete;
+
+ private:
+  TDataSet& fDataset;
+};
+
+}  // namespace
+
+TDatasetWalk::TDatasetWalk(TDataSet& aDataset) : fDataset(aDataset) { fDataset.First(); }
+
+int TDatasetWalk::Records() const {
+  return static_cast<int>(std::clamp<Int64>(fDataset.RecordCount(), 0, std::numeric_limits<int>::max()));
+}
+
+bool TDatasetWalk::GoTo(int aRecord) {
+  if (aRecord < 1 || aRecord > Records()) return false;
+  aRecord == 1 ? fDataset.First() : fDataset.SetRecNo(aRecord);
+  fRecord = aRecord;
+  return true;
+}
+
+bool TDatasetWalk::Next() {
+  if (fDataset.Eof()) return false;
+  fDataset.Next();
+  if (fDataset.Eof()) return false;
+  ++fRecord;
+  return true;
+}
+
+bool TDatasetWalk::TakeRepeat(const std::string& aField) {
+  fRepeat = aField;
+  return fDataset.FindField(aField) != nullptr;
+}
+
+Int64 TDatasetWalk::Repeat() const { return fDataset.FieldByName(fRepeat).AsInteger(); }
+
+Int64 TDatasetWalk::SumRepeats() {
+  const TControlsOff off(fDataset);
+  return TSourceWalk::SumRepeats();
+}
+
+std::string TDatasetWalk::Value(const std::string& aField, const std::string& aFormat) const {
+  return FieldText(fDataset.FieldByName(aField), aFormat);
+}
+
+}  // namespace Zor::inline Base

@@ -1,0 +1,213 @@
+// What the sources offer, and which one is selected.
+#include "kaldrix/core/TKDXData.hpp"
+
+#include <algorithm>
+
+#include "kaldrix/messages/ZOR.Msg.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/Utf8.hpp"
+
+namespace Zor::inline Base {
+
+namespace {
+
+/// Sources of one JSON text beyond this are not offered.
+constexpr int MostSources = 10'000;
+
+/// By ordinal of TZORCsvSep; without a separator, semicolons separate.
+constexpr char Delimiters[EnumCount<TZORCsvSep>]{';', ';', ',', '\t', ' '};
+/// By ordinal of TZORCsvQuote.
+constexpr char Quotes[EnumCount<TZORCsvQuote>]{0, '\'', '"'};
+
+TZORFieldType FieldTypeOf(TJsonDataType aType) {
+  switch (aType) {
+    case jdtInt:
+      return ftInt;
+    case jdtLong:
+      return ftInt64;
+    case jdtFloat:
+      return ftFloat;
+    case jdtBool:
+      return ftBool;
+    default:
+      return ftString;
+  }
+}
+
+/// The first element of an array, where it is an object.
+const TJsonObject* FirstRow(const TJsonArray& aRows) {
+  return aRows.Count() == 0 ? nullptr : aRows.GetItem(0).AsObject();
+}
+
+void DescribeFields(TKDXDataItem& aItem, const TJsonObject& aRow) {
+  for (int i = 0; i < aRow.Count(); ++i) aItem.AddField(aRow.GetName(i), FieldTypeOf(aRow.GetItem(i).Type()));
+}
+
+void DescribeSource(TKDXDatasetItem& aItem, const TJsonArray& aRows) {
+  const TJsonObject* row = FirstRow(aRows);
+  if (row == nullptr) return;
+  DescribeFields(aItem, *row);
+  for (int i = 0; i < row->Count(); ++i) {
+    const TJsonArray* inner = row->GetItem(i).AsArray();
+    if (inner == nullptr) continue;
+    TKDXDetailItem& detail = aItem.fDetails.Add();
+    detail.fCaption = row->GetName(i);
+    detail.fDataType = dtyJson;
+    if (const TJsonObject* innerRow = FirstRow(*inner)) DescribeFields(detail, *innerRow);
+  }
+}
+
+}  // namespace
+
+void TKDXData::DeleteSources(TZORDataType aType) {
+  for (int i = fDatasets.Count() - 1; i >= 0; --i) {
+    if (fDatasets.GetItem(i)->fDataType == aType) fDatasets.Delete(i);
+  }
+}
+
+void TKDXData::ClearSources() {
+  fLinkData = false;
+  fJson.clear();
+  fCsvFileName.clear();
+  DeleteSources(dtyJson);
+  DeleteSources(dtyCsv);
+  fSource.reset();
+  fHasData = false;
+}
+
+// JSON --------------------------------------------------
+
+void TKDXData::SetJson(const std::string& aText) {
+  const std::string_view text = Trim(aText);
+  if (text == fJson) return;
+  fJson = text;
+  fJson.empty() ? DeleteSources(dtyJson) : CheckJson();
+}
+
+void TKDXData::CheckJson() {
+  DeleteSources(dtyJson);
+  if (!fJson.starts_with('{')) {
+    fJson.clear();
+    throw Exception(TKDXMsg::GetErrorValue("NoJson"));
+  }
+  const std::unique_ptr<TJsonBaseObject> root = TJsonBaseObject::Parse(fJson);
+  const TJsonObject& object = *root->AsObject();
+  int sources = 0;
+  for (int i = 0; i < object.Count() && sources < MostSources; ++i) {
+    const TJsonArray* rows = object.GetItem(i).AsArray();
+    if (rows == nullptr) continue;
+    ++sources;
+    TKDXDatasetItem& item = fDatasets.Add();
+    item.fCaption = object.GetName(i);
+    item.fDataType = dtyJson;
+    DescribeSource(item, *rows);
+  }
+}
+
+// CSV --------------------------------------------------
+
+TCsvForm TKDXData::CsvForm() const { return {Delimiters[fCsvSep], Quotes[fCsvQuote]}; }
+
+TKDXDatasetItem* TKDXData::CsvItem() const {
+  const auto found = std::find_if(fDatasets.begin(), fDatasets.end(),
+                                  [](const auto& aItem) { return aItem->fDataType == dtyCsv; });
+  return found == fDatasets.end() ? nullptr : found->get();
+}
+
+TKDXDatasetItem& TKDXData::NewCsvItem() {
+  DeleteSources(dtyCsv);
+  TKDXDatasetItem& item = fDatasets.Add();
+  item.fCaption = TKDXMsg::GetDialogsValue("CsvFile");
+  item.fDataType = dtyCsv;
+  return item;
+}
+
+bool TKDXData::CheckCsvFields() {
+  if (!FileExists(fCsvFileName)) throw Exception(TKDXMsg::GetErrorValue("NoFile"));
+  DeleteSources(dtyCsv);
+  const std::unique_ptr<TCsvFile> file = TCsvFile::OpenFirstLine(fCsvFileName, fCsvCode);
+  if (file->LineCount() == 0) return true;
+  file->SetForm(CsvForm());
+  file->GoTo(1);
+  TKDXDatasetItem& item = NewCsvItem();
+  for (int i = 0; i < file->ColumnCount(); ++i) {
+    item.AddField(fCsvHeader ? file->Column(i) : TKDXMsg::GetPropValue("Field") + std::to_string(i + 1));
+  }
+  return true;
+}
+
+bool TKDXData::SetCsvData(const std::string& aFile, bool aHeader, TZORCsvSep aSep, TZORCsvQuote aQuote) {
+  if (!FileExists(aFile)) {
+    fCsvFileName.clear();
+    throw Exception(TKDXMsg::GetErrorValue("NoFile"));
+  }
+  fCsvFileName = aFile;
+  fCsvHeader = aHeader;
+  fCsvQuote = aQuote;
+  if (aSep == scvNone) throw Exception(TKDXMsg::GetErrorValue("NoSep"));
+  fCsvSep = aSep;
+  return CheckCsvFields();
+}
+
+template <class T>
+void TKDXData::SetCsvValue(T& aField, const T& aValue) {
+  if (aField == aValue) return;
+  aField = aValue;
+  CheckCsvFields();
+}
+
+void TKDXData::SetCsvFileName(const std::string& aValue) { SetCsvValue(fCsvFileName, aValue); }
+void TKDXData::SetCsvHeader(bool aValue) { SetCsvValue(fCsvHeader, aValue); }
+void TKDXData::SetCsvSep(TZORCsvSep aValue) { SetCsvValue(fCsvSep, aValue); }
+void TKDXData::SetCsvQuote(TZORCsvQuote aValue) { SetCsvValue(fCsvQuote, aValue); }
+
+bool TKDXData::SetCsvField(int aIndex, TZORFieldType aType) {
+  const TKDXDatasetItem* source = CsvItem();
+  if (aIndex < 0 || source == nullptr) return false;
+  if (TKDXFieldItem* field = source->fFields.GetItem(aIndex)) field->fFieldType = aType;
+  return true;
+}
+
+// Selection --------------------------------------------------
+
+void TKDXData::SetDataSel(const std::string& aName) {
+  if (aName == fDataSel) return;
+  fDataSel = aName;
+  const TKDXDatasetItem* source = GetDataset(aName);
+  fType = source == nullptr ? dtyNone : source->fDataType;
+}
+
+void TKDXData::MigrateDataSel(const std::string& aName) {
+  if (aName == fDataSel) return;
+  fDataSel = aName;
+  fType = dtyDataset;
+}
+
+bool TKDXData::Select(TZORDataType aType, const std::string& aCaption) {
+  const auto found = std::find_if(fDatasets.begin(), fDatasets.end(), [&](const auto& aItem) {
+    return aItem->fDataType == aType && (aCaption.empty() || SameText(aItem->fCaption, aCaption));
+  });
+  if (found == fDatasets.end()) return false;
+  fDataSel = (*found)->fCaption;
+  fType = aType;
+  fLinkData = true;
+  return true;
+}
+
+TKDXDetailItem* TKDXData::GetDetail(std::string_view aName) const {
+  const TKDXDatasetItem* source = fDataSel.empty() ? nullptr : GetDataset(fDataSel);
+  return source == nullptr ? nullptr : source->fDetails.Find(aName);
+}
+
+TDataSet* TKDXData::CurrentDataset() const {
+  const TKDXDatasetItem* source = fDataSel.empty() || fType != dtyDataset ? nullptr : GetDataset(fDataSel);
+  return source == nullptr ? nullptr : source->GetDataset();
+}
+
+int TKDXData::GetCsvPos(std::string_view aField) const {
+  const TKDXDatasetItem* source = fDataSel.empty() ? nullptr : GetDataset(fDataSel);
+  return source == nullptr ? -1 : source->fFields.IndexOf(aField);
+}
+
+}  // namespace Zor::inline Base
