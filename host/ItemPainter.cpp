@@ -18,6 +18,8 @@ namespace {
 constexpr std::array<TTextAnchor, 4> Anchors{taStart, taMiddle, taEnd, taStart};
 constexpr std::array<TTextVert, 3> Verts{tvTop, tvCentral, tvBottom};
 constexpr double QuarterTurn = 90;
+/// Font size to font height: the height is the em size.
+constexpr double FontRatio = 1.0;
 
 /// Base points to millimetres of paper, for one item.
 class TPaper {
@@ -63,6 +65,11 @@ void PaintTermsAtEnds(TSurface& aSurface, const TItem& aItem, const TPaper& aPap
   };
   paint(aItem.fFromType, aItem.GetSizeFrom(), aItem.fFromColor, 1, 2);
   paint(aItem.fToType, aItem.GetSizeTo(), aItem.fToColor, last, last - 1);
+}
+
+/// Millimetres to base points, held far inside 32 bits.
+int ToBase(double aMM) {
+  return static_cast<int>(Round(std::clamp<double>(aMM * BaseInMM, INT_MIN / 4, INT_MAX / 4)));
 }
 
 TFontSpec FontOf(const TKDXBaseText& aText) {
@@ -175,15 +182,66 @@ void Paint(TSurface& aSurface, const TKDXBaseText& aText) {
 }
 
 void Measure(TFontEngine& aFonts, TKDXBaseText& aText) {
-  constexpr double Ratio = 1.0;  // The font height is the em size.
-  aText.fRatio = Ratio;
+  aText.fRatio = FontRatio;
   const TTextSize size = aFonts.Measure(aText.fText, FontOf(aText));
-  const auto base = [](double aMM) {
-    return static_cast<int>(Round(std::clamp<double>(aMM * BaseInMM, INT_MIN / 4, INT_MAX / 4)));
-  };
-  const int ascent = base(size.ascent), descent = base(size.descent);
-  aText.SetMeasured(base(size.width * aText.fScaleX), ascent + descent, ascent, descent, base(size.underline),
-                    Ratio);
+  const int ascent = ToBase(size.ascent), descent = ToBase(size.descent);
+  aText.SetMeasured(ToBase(size.width * aText.fScaleX), ascent + descent, ascent, descent,
+                    ToBase(size.underline), FontRatio);
+}
+
+// Barcodes ----------------------------------------------------------------------------
+
+namespace {
+
+void PaintBack(TSurface& aSurface, const TKDX2DItem& aItem) {
+  const TPaper mm(aItem);
+  const TZORRect& r = aItem.fBoundsRect;
+  aSurface.Rect(mm(r.Left), mm(r.Top), mm(r.GetWidth()), mm(r.GetHeight()), 0, {}, BrushOf(aItem));
+}
+
+void FillBars(TSurface& aSurface, const std::vector<TBarRect>& aBars, TAlphaColor aColor) {
+  std::vector<TBar> bars;
+  bars.reserve(aBars.size());
+  for (const TBarRect& bar : aBars) bars.push_back({bar.x, bar.y, bar.width, bar.height});
+  aSurface.FillBars(bars, aColor);
+}
+
+TFontSpec FontOf(const TKDXBaseBarcode& aBarcode) {
+  TFontSpec font;
+  font.name = aBarcode.fFontName;
+  font.heightMM = aBarcode.fFontHeight / BaseInMM * aBarcode.fRatio;
+  return font;
+}
+
+// By ordinal of TBarTextHang.
+constexpr std::array<TTextAnchor, 4> HangAnchors{taMiddle, taEnd, taStart, taStart};
+constexpr std::array<TTextVert, 4> HangVerts{tvTop, tvTop, tvTop, tvBaseline};
+
+}  // namespace
+
+void Paint(TSurface& aSurface, const TKDXBaseBarcode& aBarcode) {
+  if (!aBarcode.fIsValid) return;
+  PaintBack(aSurface, aBarcode);
+  const TBarcodeLayout layout = aBarcode.Layout();
+  FillBars(aSurface, layout.bars, aBarcode.fColor);
+  const TSavedState saved(aSurface);
+  aSurface.Rotate(-QuarterTurn * static_cast<double>(aBarcode.fAngle), layout.turnX, layout.turnY);
+  for (const TBarText& text : layout.texts) {
+    const TTextPlace place{text.x, text.y, HangAnchors[text.hang], HangVerts[text.hang], 0, 1};
+    aSurface.Text(text.text, place, FontOf(aBarcode), aBarcode.fColor);
+  }
+}
+
+void Paint(TSurface& aSurface, const TModuleItem& aSymbol) {
+  PaintBack(aSurface, aSymbol);
+  FillBars(aSurface, aSymbol.Bars(true), aSymbol.fColor);
+}
+
+void Measure(TFontEngine& aFonts, TKDXBaseBarcode& aBarcode) {
+  aBarcode.fRatio = FontRatio;
+  const TTextSize size = aFonts.Measure({}, FontOf(aBarcode));
+  aBarcode.SetMeasured(ToBase(size.ascent), ToBase(size.descent), ToBase(size.underline),
+                       ToBase(size.underlineThickness), FontRatio);
 }
 
 }  // namespace Zor::inline Host

@@ -15,6 +15,7 @@
 #include "kaldrix/items/TKDXBaseRectangle.hpp"
 #include "kaldrix/items/TKDXBaseSector.hpp"
 #include "kaldrix/items/TKDXBaseText.hpp"
+#include "kaldrix/items/ZOR.Barcode.hpp"
 
 namespace Zor::inline Host {
 
@@ -30,8 +31,13 @@ void Paint(TSurface& aSurface, const TKDXBaseCircle& aCircle);
 void Paint(TSurface& aSurface, const TKDXBaseSector& aSector);
 void Paint(TSurface& aSurface, const TKDXBaseEllipse& aEllipse);
 void Paint(TSurface& aSurface, const TKDXBaseText& aText);
+void Paint(TSurface& aSurface, const TKDXBaseBarcode& aBarcode);
+/// QR Code, Data Matrix and PDF417.
+void Paint(TSurface& aSurface, const TModuleItem& aSymbol);
 
 /// Measures the text with `aFonts` and stores its size; the bounds follow.
 void Measure(TFontEngine& aFonts, TKDXBaseText& aText);
+/// Measures the font of the barcode with `aFonts` and encodes it; the bounds follow.
+void Measure(TFontEngine& aFonts, TKDXBaseBarcode& aBarcode);
 
 }  // namespace Zor::inline Host

@@ -28,4 +28,13 @@ class THostItem<TKDXBaseText> final : public TKDXBaseText {
   void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
 };
 
+template <>
+class THostItem<TKDXBaseBarcode> final : public TKDXBaseBarcode {
+ public:
+  using TKDXBaseBarcode::TKDXBaseBarcode;
+  void CalcValues(int /*aType*/) override { Measure(FontsOf(*this), *this); }
+  void DrawItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+  void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+};
+
 }  // namespace Zor::inline Host

@@ -2,6 +2,7 @@
 // what a file holds. Errors are EJsonException and name the key.
 #pragma once
 
+#include <cmath>
 #include <string_view>
 
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
@@ -13,6 +14,10 @@ namespace Zor::inline Base {
 /// A length or angle, rounded to three decimals.
 inline void PutLength(TJsonObject& aJson, std::string_view aKey, double aValue) {
   aJson.PutFloat(aKey, RoundTo3(aValue));
+}
+/// A size or factor, rounded to two decimals.
+inline void PutHundredths(TJsonObject& aJson, std::string_view aKey, double aValue) {
+  aJson.PutFloat(aKey, std::nearbyint(aValue * 100) / 100);
 }
 inline void PutColor(TJsonObject& aJson, std::string_view aKey, TAlphaColor aColor) {
   TJsonObject& color = aJson.AddNewObject(aKey);

@@ -14,6 +14,7 @@
 #include "kaldrix/items/TKDXBaseRectangle.hpp"
 #include "kaldrix/items/TKDXBaseSector.hpp"
 #include "kaldrix/items/TKDXBaseText.hpp"
+#include "kaldrix/items/ZOR.Barcode.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/utils/TDraw2D.hpp"
 
@@ -76,6 +77,22 @@ class TKDXLabelOf : public TKDXFileLabel {
   TItem<TKDXBaseEllipse>* NewEllipse(Int64 cx, Int64 cy, Int64 rx, Int64 ry) override {
     return Make<TKDXBaseEllipse>(Box(cx, cy, rx, ry));
   }
+  TItem<TKDXBaseBarcode>* NewBarcode(Int64 x, Int64 y, const std::string& code, TZORBarType aType) override {
+    auto* barcode = Make<TKDXBaseBarcode>({{x, y}});
+    barcode->SetCodeType(aType);
+    barcode->SetCode(code);
+    barcode->StateCalc();
+    return barcode;
+  }
+  TItem<TKDXBasePDF417>* NewPDF417(Int64 x, Int64 y, const std::string& code) override {
+    return MakeSymbol<TKDXBasePDF417>(x, y, code);
+  }
+  TItem<TKDXBaseDataMatrix>* NewDataMatrix(Int64 x, Int64 y, const std::string& code) override {
+    return MakeSymbol<TKDXBaseDataMatrix>(x, y, code);
+  }
+  TItem<TKDXBaseQRCode>* NewQRCode(Int64 x, Int64 y, const std::string& code) override {
+    return MakeSymbol<TKDXBaseQRCode>(x, y, code);
+  }
 
   TKDXBaseItem* NewItemOfType(TZORItemType aType, bool aPreview) override {
     switch (aType) {
@@ -101,6 +118,14 @@ class TKDXLabelOf : public TKDXFileLabel {
         return new TItem<TKDXBaseSector>(*this, aPreview);
       case itText:
         return new TItem<TKDXBaseText>(*this, aPreview);
+      case itBarcode:
+        return new TItem<TKDXBaseBarcode>(*this, aPreview);
+      case itPDF417:
+        return new TItem<TKDXBasePDF417>(*this, aPreview);
+      case itDataMatrix:
+        return new TItem<TKDXBaseDataMatrix>(*this, aPreview);
+      case itQRCode:
+        return new TItem<TKDXBaseQRCode>(*this, aPreview);
       default:
         return nullptr;
     }
@@ -110,10 +135,21 @@ class TKDXLabelOf : public TKDXFileLabel {
   template <class TBaseItem>
   TItem<TBaseItem>* Make(TZORPtoA aPoints) {
     auto* item = new TItem<TBaseItem>(*this, GetLayer(fActiveLayer + 1), false);
-    // A text brings its anchor only: its second point follows from its size.
+    // A text or barcode brings its anchor only: its second point follows from its size.
     aPoints.resize(HasFreePoints(item->fItemType) ? aPoints.size() : item->fPoints.size());
     item->fPoints = std::move(aPoints);
-    item->UpdateBounds();
+    item->UpdatePoints();
+    return item;
+  }
+  template <class TBaseItem>
+  TItem<TBaseItem>* MakeSymbol(Int64 x, Int64 y, const std::string& aCode) {
+    auto* item = Make<TBaseItem>({{x, y}});
+    try {
+      item->SetCode(aCode);
+    } catch (...) {
+      DeleteItem(item, true);
+      throw;
+    }
     return item;
   }
   TItem<TKDXBaseSector>* Sector(TZORPtoA aBox, Single aStart, Single aGap) {

@@ -37,7 +37,7 @@ std::unique_ptr<TJsonObject> TKDXBaseText::WriteJson() const {
   json->PutInt("HorzAlign", fHorzAlign);
   json->PutInt("VertAlign", fVertAlign);
   json->PutInt("DispWidth", fDispWidth);
-  json->PutFloat("ScaleX", std::nearbyint(double{fScaleX} * 100) / 100);
+  PutHundredths(*json, "ScaleX", fScaleX);
   WriteJsonFont(*json);
   PutLength(*json, "Radio", GetRadio());
   PutLength(*json, "PaddingX", GetPaddingX());

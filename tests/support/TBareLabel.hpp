@@ -33,6 +33,18 @@ class TBareItem<TKDXBaseText> final : public TKDXBaseText {
   }
 };
 
+template <>
+class TBareItem<TKDXBaseBarcode> final : public TKDXBaseBarcode {
+ public:
+  using TKDXBaseBarcode::TKDXBaseBarcode;
+  void DrawItem(TKDXBaseDraw&) override {}
+  void PrintItem(TKDXBaseDraw&) override {}
+  void CalcValues(int) override {
+    const int height = std::min(fFontHeight, 500'000'000);
+    SetMeasured(height / 5 * 4, height / 5, height / 10, height / 20, 1.0);
+  }
+};
+
 class TBareLabel : public TKDXLabelOf<TBareItem> {
  public:
   using TKDXLabelOf::TKDXLabelOf;
