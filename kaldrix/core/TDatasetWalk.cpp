@@ -37,7 +37,8 @@ bool TDatasetWalk::GoTo(int aRecord) {
 }
 
 bool TDatasetWalk::Next() {
-  if (fDataset.Eof()) return false;
+  // Not moved to its end, where a data set may have to run again for the last record.
+  if (fDataset.Eof() || fRecord >= Records()) return false;
   fDataset.Next();
   if (fDataset.Eof()) return false;
   ++fRecord;
