@@ -1,0 +1,87 @@
+// Sheets of labels that data fill, as they are exported.
+#include <gtest/gtest.h>
+
+#include "host/Export.hpp"
+#include "host/TSqliteDataSet.hpp"
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/core/TKDXCounter.hpp"
+#include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
+#include "support/TTestFile.hpp"
+
+namespace Zor {
+namespace {
+
+/// What stands in the text elements of an SVG, in order.
+std::string Texts(const std::string& aSvg) {
+  std::string texts;
+  for (std::size_t at = aSvg.find("<text"); at != std::string::npos; at = aSvg.find("<text", at + 1)) {
+    const std::size_t from = aSvg.find('>', at) + 1;
+    texts += aSvg.substr(from, aSvg.find('<', from) - from) + " ";
+  }
+  return texts;
+}
+
+class LabelRun : public testing::Test {
+ protected:
+  LabelRun() {
+    doc.fMeasure->fNuHor = 1;
+    doc.fMeasure->fNuVer = 3;
+    doc.fOptions = {};
+  }
+  void Bind(const char* aName) { doc.NewText(1000, 1000)->SetData(ftNone, aName, ""); }
+  std::string Sheet(int aPage) {
+    TExportOptions options;
+    options.page = aPage;
+    return Texts(ExportSvg(doc, options));
+  }
+
+  TKDXLabel doc;
+};
+
+TEST_F(LabelRun, SheetsShowTheirRecordsAndCounters) {
+  const TTestFile file("Name\nA\nB\nC\nD\n");
+  doc.fData->SetCsvData(file.Name(), true, scvSemicolon, scqDoubleQuotes);
+  ASSERT_TRUE(doc.fData->Select(dtyCsv));
+  (new TKDXCounter(&doc))->fName = "No";
+  doc.GetCounter(1)->SetNumTo(5);
+  Bind("{Name");
+  Bind("@No");
+  doc.NewText(1000, 1000)->SetText("fixed");
+  EXPECT_EQ(Sheet(1), "Name No fixed Name No fixed Name No fixed ") << "not planned yet: the design";
+  doc.CheckPrintData();
+  EXPECT_EQ(doc.fPrintInfo->fPagesToPrint, 2);
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(Sheet(1), "A 1 fixed B 2 fixed C 3 fixed ");
+    EXPECT_EQ(Sheet(2), "D 4 fixed D 5 fixed ");
+  }
+  EXPECT_THROW(Sheet(3), EArgumentOutOfRangeException);
+  EXPECT_EQ(Texts(ExportSvg(doc, {})), "Name No fixed ") << "one label shows the design";
+  doc.SetLabelRange(4, 4);
+  EXPECT_EQ(Sheet(1), "D 4 fixed ");
+}
+
+TEST_F(LabelRun, LabelsBesideThePaperCount) {
+  doc.fMeasure->fNuVer = 5;
+  doc.fMeasure->fNuHor = 2;
+  doc.fData->SetJson(R"({"rows": [{"n": 1}, {"n": 2}, {"n": 3}, {"n": 4}, {"n": 5}, {"n": 6}]})");
+  doc.fData->Select(dtyJson);
+  Bind("{n");
+  doc.CheckPrintData();
+  EXPECT_EQ(Sheet(1), "1 2 3 4 6 ") << "the fifth column has no room on the paper";
+}
+
+TEST_F(LabelRun, AQueryFillsLabels) {
+  const TTestFile file("");
+  TSqliteDataSet set(file.Name(), "SELECT 'x' AS Name, 2 AS Qty UNION ALL SELECT 'y', 1");
+  doc.fData->fDatasets.Add().SetDataset(&set);
+  ASSERT_TRUE(doc.fData->Select(dtyDataset));
+  doc.fData->SetFieldRepeat("qty");
+  Bind("~Name");
+  doc.CheckPrintData();
+  EXPECT_EQ(Sheet(1), "x x y ");
+}
+
+}  // namespace
+}  // namespace Zor
