@@ -15,7 +15,7 @@ namespace Zor::inline Base {
 namespace {
 
 /// The least bytes of a record, against which a count is checked.
-constexpr std::size_t LeastLayer = 40, LeastDimStyle = 70, LeastCounter = 25;
+constexpr std::size_t LeastLayer = 37, LeastDimStyle = 77, LeastCounter = 26;
 
 template <class TList>
 void WriteList(TBinaryWriter& bW, const TList& aList, int aCount) {

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/core/TKDXDimStyle.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/platform/Files.hpp"
@@ -161,6 +162,23 @@ TEST(FileTest, TheLastCoordinatesAndLengthsAreReadAgainInEveryUnit) {
     again.LoadFromBytes(document.GetJsonString(true));
     EXPECT_EQ(again.GetJsonString(true), document.GetJsonString(true));
     EXPECT_NO_THROW(document.LoadFromBytes(again.SaveToBytes(lfBin)));
+  }
+}
+
+// A count is checked against the bytes that are left: of many short records at the end of a file, the last
+// must not be refused.
+TEST(FileTest, ManyShortRecordsAreRead) {
+  std::string entries = "{}";
+  for (int i = 1; i < 40; ++i) entries += ",{}";
+  for (const char* list : {"Layers", "DimStyles", "Counters"}) {
+    TBareLabel document, again;
+    document.LoadFromBytes(std::string(R"({"Version":3200,"EditorMode":2,")") + list + "\":[" + entries +
+                           "]}");
+    for (TKDXLayer* layer : document.fLayers) layer->fName = layer->fFontName = "";
+    for (TKDXDimStyle* style : document.fDimStyles) style->fName = style->fFontName = "";
+    const std::string text = document.SaveToBytes(lfJSON);
+    again.LoadFromBytes(document.SaveToBytes(lfBin));
+    EXPECT_EQ(again.SaveToBytes(lfJSON), text) << list;
   }
 }
 
