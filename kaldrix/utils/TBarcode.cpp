@@ -89,10 +89,43 @@ std::string TBarcode::FillBarPattern(std::string_view Code, TZORBarType CodeType
 
 // Measuring a pattern ------------------------------------------------------------------
 
+namespace {
+
+constexpr std::size_t WidthKinds = dw32 + 1;
+/// Counters of that many bits stand side by side in one number, one for each width.
+constexpr int CounterBits = 10;
+constexpr std::size_t MostCounted = (1 << CounterBits) - 1;
+
+/// What each byte adds to the counters.
+constexpr auto CounterSteps = [] {
+  std::array<std::uint64_t, 256> steps{};
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    steps[i] = std::uint64_t{1} << (PatternElements[i].width * CounterBits);
+  }
+  return steps;
+}();
+
+/// How many elements of each width a pattern has.
+std::array<Int64, WidthKinds> CountWidths(std::string_view aPattern) {
+  std::array<Int64, WidthKinds> counts{};
+  while (!aPattern.empty()) {
+    const std::string_view part = aPattern.substr(0, MostCounted);
+    aPattern.remove_prefix(part.size());
+    std::uint64_t counters = 0;
+    for (const char c : part) counters += CounterSteps[static_cast<unsigned char>(c)];
+    for (Int64& count : counts) {
+      count += static_cast<Int64>(counters & MostCounted);
+      counters >>= CounterBits;
+    }
+  }
+  return counts;
+}
+
+}  // namespace
+
 int TBarcode::BarCodeWidth(std::string_view Pattern, int BarWidth, Single Factor, bool IsValid) {
   constexpr int invalidBars = 60;
-  std::array<Int64, 6> counts{};
-  for (const char c : Pattern) ++counts[PatternElements[static_cast<unsigned char>(c)].width];
+  const std::array<Int64, WidthKinds> counts = CountWidths(Pattern);
   const double w = BarWidth;
   double width = w * invalidBars;
   if (IsValid) {
