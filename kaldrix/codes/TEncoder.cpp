@@ -213,9 +213,8 @@ void TEncoder::Encode(std::string_view aContent, int aEncodeOptions, const TErro
   const TBytes codewords = Interleaved(MessageBits(mode, data, version).Bytes(), version);
 
   const TMatrixUtil::TFrame& frame = TMatrixUtil::Frame(version.FVersionNumber);
-  TModuleBits symbol;
-  const int mask = TMaskUtil::ChooseMaskPattern(TMatrixUtil::PlaceData(frame, codewords), frame.FDataArea,
-                                                aECLevel, symbol);
+  TModuleBits symbol = TMatrixUtil::PlaceData(frame, codewords);
+  const int mask = TMaskUtil::ChooseMaskPattern(symbol, frame.FDataArea, aECLevel);
   aQRCode = {mode,
              aECLevel,
              version.FVersionNumber,

@@ -203,18 +203,14 @@ class TPenalty {
 
 }  // namespace
 
-TModuleBits TMaskUtil::Masked(const TModuleBits& aUnmasked, const TModuleBits& aDataArea,
-                              const TErrorCorrectionLevel& aLevel, int aMask) {
-  TModuleBits masked = aUnmasked;
+void TMaskUtil::Mask(TModuleBits& aBits, const TModuleBits& aDataArea, int aMask) {
   const auto& rows = MaskRows[static_cast<std::size_t>(aMask)];
-  for (std::size_t y = 0; y < static_cast<std::size_t>(masked.FSide); ++y) {
+  for (std::size_t y = 0; y < static_cast<std::size_t>(aBits.FSide); ++y) {
     const TMaskRow& row = rows[y % MaskPeriod];
-    for (std::size_t i = 0; i < WordsPerRow; ++i) {
-      masked.FWords[y * WordsPerRow + i] ^= row[i] & aDataArea.FWords[y * WordsPerRow + i];
-    }
+    const std::size_t word = y * WordsPerRow;
+    for (std::size_t i = 0; i < WordsPerRow; ++i)
+      aBits.FWords[word + i] ^= row[i] & aDataArea.FWords[word + i];
   }
-  TMatrixUtil::PlaceFormat(masked, aLevel, aMask);
-  return masked;
 }
 
 int TMaskUtil::CalculateMaskPenalty(const TModuleBits& aBits) {
@@ -223,17 +219,22 @@ int TMaskUtil::CalculateMaskPenalty(const TModuleBits& aBits) {
   return TPenalty<3>(aBits).Sum();
 }
 
-int TMaskUtil::ChooseMaskPattern(const TModuleBits& aUnmasked, const TModuleBits& aDataArea,
-                                 const TErrorCorrectionLevel& aLevel, TModuleBits& aBest) {
+int TMaskUtil::ChooseMaskPattern(TModuleBits& aBits, const TModuleBits& aDataArea,
+                                 const TErrorCorrectionLevel& aLevel) {
+  const auto finish = [&](int aMask) {
+    Mask(aBits, aDataArea, aMask);
+    TMatrixUtil::PlaceFormat(aBits, aLevel, aMask);
+  };
   int best = 0, lowest = std::numeric_limits<int>::max();
   for (int mask = 0; mask < Masks; ++mask) {
-    const TModuleBits masked = Masked(aUnmasked, aDataArea, aLevel, mask);
-    const int penalty = CalculateMaskPenalty(masked);
+    finish(mask);
+    const int penalty = CalculateMaskPenalty(aBits);
+    Mask(aBits, aDataArea, mask);
     if (penalty >= lowest) continue;
     lowest = penalty;
     best = mask;
-    aBest = masked;
   }
+  finish(best);
   return best;
 }
 

@@ -1,6 +1,7 @@
 #include "kaldrix/codes/TPDF417.hpp"
 
 #include <algorithm>
+#include <cstring>
 #include <numeric>
 
 #include "kaldrix/codes/Pdf417Clusters.hpp"
@@ -39,6 +40,20 @@ constexpr std::array<TCluster, Clusters> WidthsByCluster = [] {
     }
   }
   return widths;
+}();
+
+constexpr auto ModulesByCluster = [] {
+  std::array<std::array<std::uint32_t, Codewords>, Clusters> modules{};
+  for (std::size_t cluster = 0; cluster < Clusters; ++cluster) {
+    for (std::size_t word = 0; word < Codewords; ++word) {
+      std::uint32_t& bits = modules[cluster][word];
+      for (std::size_t i = 0; i < 8; ++i) {
+        const unsigned width = WidthsByCluster[cluster][word][i];
+        bits = bits << width | (i % 2 == 0 ? (1U << width) - 1 : 0U);
+      }
+    }
+  }
+  return modules;
 }();
 
 /// ISO/IEC 15438: 17 modules in widths from 1 to 6, and the number of the cluster in those of the bars.
@@ -103,6 +118,15 @@ std::string TPDF417::GetValid(std::string_view aCode) {
   return valid;
 }
 
+void TPDF417::Reset(TCodeWords& aWords) {
+  static constexpr TCodeWords padWords = [] {
+    TCodeWords words{};
+    words.fill(PadWord);
+    return words;
+  }();
+  aWords = padWords;
+}
+
 bool TPDF417::Encode(TCodeWords& aWords, std::string_view aCode) {
   const std::string valid = GetValid(aCode);
   TPdf417Writer writer(valid);
@@ -149,9 +173,12 @@ void TPDF417::CalculateECC(TCodeWords& aWords, int aNumCodewords, int aECCLen) {
   const TGenerator& generator = Generator(LevelOf(aECCLen));
   if (aNumCodewords < 1 || aNumCodewords + aECCLen > MaxCodewords) Refuse();
   const auto count = static_cast<std::size_t>(aNumCodewords), length = static_cast<std::size_t>(aECCLen);
-  std::array<std::uint32_t, MaxCodewords + AtOnce> rest{};
-  std::ranges::copy_n(aWords.begin(), aNumCodewords, rest.begin());
-  if (std::ranges::any_of(rest, [](std::uint32_t word) { return word >= Codewords; })) Refuse();
+  std::array<std::uint32_t, MaxCodewords + AtOnce> rest;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (aWords[i] >= Codewords) Refuse();
+    rest[i] = aWords[i];
+  }
+  std::fill_n(rest.begin() + aNumCodewords, length + AtOnce, 0U);
   for (std::size_t i = 0; i < count; ++i) {
     const auto factor = static_cast<std::uint16_t>(rest[i] % Codewords);
     for (std::size_t j = 0; j < length; j += AtOnce) {
@@ -160,7 +187,7 @@ void TPDF417::CalculateECC(TCodeWords& aWords, int aNumCodewords, int aECCLen) {
       for (std::size_t k = 0; k < AtOnce; ++k) target[k] += std::uint32_t{coefficients[k]} * factor;
     }
   }
-  std::fill(aWords.begin() + aNumCodewords, aWords.end(), std::uint16_t{0});
+  std::memset(&aWords[count], 0, (aWords.size() - count) * sizeof aWords[0]);
   for (std::size_t i = count; i < count + length; ++i) {
     aWords[i] = static_cast<std::uint16_t>((Codewords - rest[i] % Codewords) % Codewords);
   }
@@ -170,6 +197,10 @@ void TPDF417::CalculateECC(TCodeWords& aWords, int aNumCodewords, int aECCLen) {
 
 const TPdf417Widths& TPDF417::Widths(int aRow, int aCodeword) {
   return WidthsByCluster[static_cast<std::size_t>(aRow) % Clusters].at(static_cast<std::size_t>(aCodeword));
+}
+
+std::uint32_t TPDF417::Modules(int aRow, int aCodeword) {
+  return ModulesByCluster[static_cast<std::size_t>(aRow) % Clusters].at(static_cast<std::size_t>(aCodeword));
 }
 
 int TPDF417::LeftIndicator(int aRow, int aRows, int aCols, int aLevel) {

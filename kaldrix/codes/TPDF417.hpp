@@ -28,6 +28,8 @@ class TPDF417 {
 
   // Text to codewords --------------------------------------------------
 
+  /// Makes all words pad codewords, as a new symbol begins.
+  static void Reset(TCodeWords& aWords);
   /// Writes the data codewords of a text from index 1 on; the other words stay. False, with a count of 1, for
   /// a text of which GetValid leaves nothing. A failure leaves words and count as they were: no room for the
   /// data, an escape beyond its range; EConvertError for an escape without its digits.
@@ -55,6 +57,8 @@ class TPDF417 {
 
   /// The widths of a codeword (0 to 928) in row `aRow`, 0-based, whose cluster is aRow mod 3.
   static const TPdf417Widths& Widths(int aRow, int aCodeword);
+  /// The same as modules, the first in the highest of 17 bits, a bar is 1.
+  static std::uint32_t Modules(int aRow, int aCodeword);
   /// The codewords beside row `aRow` (0-based) of a symbol of so many rows, data columns and level.
   static int LeftIndicator(int aRow, int aRows, int aCols, int aLevel);
   static int RightIndicator(int aRow, int aRows, int aCols, int aLevel);

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <limits>
 
 #include "Readers.hpp"
 #include "kaldrix/codes/TMaskUtil.hpp"
@@ -244,15 +245,16 @@ TEST(QRCodeTest, TakesTheFirstMaskOfTheLowestPenalty) {
       for (int x = 0; x < code.FMatrixWidth; ++x) chosen.Set(x, y, code.FMatrix.Get(x, y) != 0);
     }
     const TMatrixUtil::TFrame& frame = TMatrixUtil::Frame(code.FVersion);
-    // A mask that is put on again goes off.
-    const TModuleBits bare = TMaskUtil::Masked(chosen, frame.FDataArea, {}, code.FMaskPattern);
-    int lowest = TSlowPenalty(chosen).Sum(), first = code.FMaskPattern;
-    for (int mask = TMaskUtil::Masks - 1; mask >= 0; --mask) {
-      const int penalty = TSlowPenalty(TMaskUtil::Masked(bare, frame.FDataArea, {}, mask)).Sum();
-      if (penalty <= lowest) {
-        lowest = penalty;
-        first = mask;
-      }
+    int lowest = std::numeric_limits<int>::max(), first = -1;
+    for (int mask = 0; mask < TMaskUtil::Masks; ++mask) {
+      TModuleBits other = chosen;
+      TMaskUtil::Mask(other, frame.FDataArea, code.FMaskPattern);
+      TMaskUtil::Mask(other, frame.FDataArea, mask);
+      TMatrixUtil::PlaceFormat(other, {}, mask);
+      const int penalty = TSlowPenalty(other).Sum();
+      if (penalty >= lowest) continue;
+      lowest = penalty;
+      first = mask;
     }
     EXPECT_EQ(code.FMaskPattern, first) << text;
   }

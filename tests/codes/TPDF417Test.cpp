@@ -10,7 +10,7 @@ using TWords = std::vector<int>;
 
 TWords Words(std::string_view aText) {
   TCodeWords words;
-  words.fill(TPDF417::PadWord);
+  TPDF417::Reset(words);
   TPDF417::Encode(words, aText);
   return {words.begin() + 1, words.begin() + TPDF417::UsedCodeWords()};
 }
@@ -80,7 +80,7 @@ TEST(PDF417Test, LongRunsOfDigitsAreNumeric) {
 
 TEST(PDF417Test, EmptyTextsAndBadEscapes) {
   TCodeWords words;
-  words.fill(TPDF417::PadWord);
+  TPDF417::Reset(words);
   EXPECT_FALSE(TPDF417::Encode(words, "\xC4\xD6\n"));
   EXPECT_EQ(TPDF417::UsedCodeWords(), 1);
   EXPECT_EQ(words[1], TPDF417::PadWord);
@@ -140,7 +140,7 @@ TEST(PDF417Test, SizeFollowsWishesAndNeed) {
 
 TEST(PDF417Test, RefusesWhatDoesNotFitAndKeepsTheFormerWords) {
   TCodeWords words;
-  words.fill(TPDF417::PadWord);
+  TPDF417::Reset(words);
   TPDF417::Encode(words, "former");
   const TCodeWords former = words;
   const int used = TPDF417::UsedCodeWords();
@@ -164,7 +164,7 @@ struct TSymbol {
 
 TSymbol Symbol(std::string_view aText, TZORPdf417CorrectionLevel aLevel, int aCols = 0, int aRows = 0) {
   TSymbol symbol;
-  symbol.words.fill(TPDF417::PadWord);
+  TPDF417::Reset(symbol.words);
   TPDF417::Encode(symbol.words, aText);
   symbol.level = TPDF417::GetCorrecLevel(aLevel);
   const int check = TPDF417::NumErrorCWords(symbol.level);
