@@ -102,6 +102,14 @@ struct TRow {
     for (const std::uint64_t word : w) sum += Count(word);
     return sum;
   }
+  /// The same, for rows that are mostly empty.
+  int FewBits() const {
+    int sum = 0;
+    for (std::uint64_t word : w) {
+      for (; word != 0; word &= word - 1) ++sum;
+    }
+    return sum;
+  }
   /// 1 in the first `aCount` columns.
   static TRow First(int aCount) {
     TRow row{};
@@ -179,13 +187,13 @@ class TPenalty {
     const TRow<W>& l = fLight[Margin + aY];
     const TRow<W> inRow = d & l >> 1 & d >> 2 & d >> 3 & d >> 4 & l >> 5 & d >> 6;
     const TRow<W> light = Four(l, l >> 1);
-    fFinders += (inRow & (light >> 7 | light << 4)).Bits();
+    fFinders += (inRow & (light >> 7 | light << 4)).FewBits();
     const TRow<W>* dark = &fDarkRows[aY];
     const TRow<W>* rest = &fLight[Margin + aY];
     const TRow<W> below = dark[0] & rest[1] & dark[2] & dark[3] & dark[4] & rest[5] & dark[6];
     const TRow<W> behind = rest[7] & rest[8] & rest[9] & rest[10];
     const TRow<W> before = rest[-1] & rest[-2] & rest[-3] & rest[-4];
-    fFinders += (below & (behind | before)).Bits();
+    fFinders += (below & (behind | before)).FewBits();
   }
 
   int Balance() const {
