@@ -11,13 +11,12 @@ namespace Zor::inline Pdf417 {
 namespace {
 
 // Codewords of ISO/IEC 15438 with a function.
-constexpr std::size_t LatchText = 900, LatchBytes = 901, LatchNumeric = 902, ShiftByte = 913,
-                      LatchSixBytes = 924;
+constexpr std::size_t LatchText = 900, LatchBytes = 901, LatchNumeric = 902, ShiftByte = 913;
 constexpr std::size_t LabelUser = 925, LabelGeneral = 926, LabelPage = 927;
 
 constexpr unsigned Base = 900, MostCodeword = 928;
 constexpr unsigned PairBase = 30, Filler = 29;
-constexpr std::size_t LeastDigits = 14, LeastText = 6, DigitsOfGroup = 44;
+constexpr std::size_t LeastDigits = 14, DigitsOfGroup = 44;
 
 bool IsDigit(char aByte) { return aByte >= '0' && aByte <= '9'; }
 
