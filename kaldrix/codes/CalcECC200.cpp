@@ -105,6 +105,8 @@ const TReedSolomonEncoder& CheckEncoder(int aDegree) {
                       [=] { return TReedSolomonEncoder(DataMatrixField, 1, aDegree); });
 }
 
+/// The first check word belongs to the first block, also in the largest symbol, where the data ends two
+/// blocks before the last: so the standard has it, and so the common readers differ.
 void AddCheckWords(TWords& aWords, const TECC200SymbolParam& aParam) {
   const auto dataLength = static_cast<std::size_t>(aParam.DataLength);
   const auto stride = static_cast<std::size_t>(aParam.BlockCount);
