@@ -73,5 +73,33 @@ TEST(Browser, ShowsTheSamePicture) {
   EXPECT_LT(Strangers(png, browser), 20);
 }
 
+/// Barcodes turned in all directions, with the texts of those that group their digits.
+TEST(Browser, ShowsTheSameBarcodes) {
+  TKDXLabel doc;
+  SetLabelMM(doc, 160, 200);
+  Int64 x = 40000;
+  for (const TZORAngle angle : {ag0, ag90, ag180, ag270}) {
+    Int64 y = 30000;
+    const auto add = [&](TBarItem* aItem) {
+      aItem->SetAngle(angle);
+      aItem->fHorzAlign = haCenter;
+      aItem->UpdatePoints();
+      y += 45000;
+    };
+    add(doc.NewBarcode(x, y, "036000291452", btUPCA));
+    add(doc.NewBarcode(x, y, "01234565", btUPCE0));
+    add(doc.NewBarcode(x, y, "12345", btPOSTNET));
+    x += angle == ag180 ? 30000 : 25000;
+  }
+  doc.CalcPending();
+  TExportOptions options;
+  options.dpi = Dpi;
+  const TRendered browser = FromBrowser(ExportSvg(doc, options), 160, 200);
+  ASSERT_GT(browser.picture.width, 0);
+  const TRendered png = FromPng(ExportPng(doc, options), Dpi);
+  EXPECT_LT(Strangers(browser, png), 20);
+  EXPECT_LT(Strangers(png, browser), 20);
+}
+
 }  // namespace
 }  // namespace Zor
