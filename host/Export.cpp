@@ -16,22 +16,9 @@ namespace {
 constexpr double LeastDpi = 1, MostDpi = 9600;
 constexpr TAlphaColor NoPaper = 0;
 
-// Painting ----------------------------------------------------------------------------
-
-void PaintPlan(TSurface& aSurface, const TKDXLabel& aDocument, const TExportPlan& aPlan) {
-  TBackground background(aDocument);
-  TKDXSurfaceDraw drw(aSurface, aDocument.fMeasure->fDrawScale);
-  drw.fState = aPlan.IsSheet() ? dsExport : dsLabel;
-  const TPath shape = LabelShape(*aDocument.fMeasure);
-  for (const TLabelCell& cell : aPlan.cells) {
-    const TSavedState saved(aSurface);
-    aSurface.Translate(cell.x - aPlan.x, cell.y - aPlan.y);
-    if (aPlan.IsSheet()) aSurface.ClipPath(shape);
-    drw.aRow = static_cast<std::int16_t>(cell.row);
-    drw.aCol = static_cast<std::int16_t>(cell.column);
-    background.Paint(aSurface);
-    aPlan.ForItems(cell, [&drw](TKDXBaseItem& item) { item.DrawItem(drw); });
-  }
+void CheckDpi(const TExportOptions& aOptions) {
+  if (aOptions.dpi >= LeastDpi && aOptions.dpi <= MostDpi) return;
+  throw EArgumentOutOfRangeException("The resolution must be between 1 and 9600 dots per inch");
 }
 
 // SVG ---------------------------------------------------------------------------------
@@ -71,7 +58,7 @@ class TSheetSvg {
 
  private:
   void DefineBackground(const TKDXLabel& aDocument) {
-    const TBackground background(aDocument);
+    const TBackground background(aDocument, fOptions.print);
     if (background.Empty()) return;
     TSvgList svg, defs;
     background.WriteSvg(svg, defs, fOptions.svgMode, fOptions.factor);
@@ -126,9 +113,45 @@ class TSheetSvg {
 
 }  // namespace
 
+void PaintPlan(TSurface& aSurface, const TKDXLabel& aDocument, const TExportPlan& aPlan,
+               TBackground& aBackground) {
+  TKDXSurfaceDraw drw(aSurface, aDocument.fMeasure->fDrawScale);
+  drw.fState = aPlan.IsSheet() ? dsExport : dsLabel;
+  const TPath shape = LabelShape(*aDocument.fMeasure);
+  for (const TLabelCell& cell : aPlan.cells) {
+    const TSavedState saved(aSurface);
+    aSurface.Translate(cell.x - aPlan.x, cell.y - aPlan.y);
+    if (aPlan.IsSheet()) aSurface.ClipPath(shape);
+    drw.aRow = static_cast<std::int16_t>(cell.row);
+    drw.aCol = static_cast<std::int16_t>(cell.column);
+    aBackground.Paint(aSurface);
+    aPlan.ForItems(cell, [&drw](TKDXBaseItem& item) { item.DrawItem(drw); });
+  }
+}
+
+std::string PlanSvg(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions) {
+  return TSheetSvg(aDocument, aPlan, aOptions).Text(Root(aDocument, aPlan, aOptions));
+}
+
+std::string PlanPng(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions) {
+  CheckDpi(aOptions);
+  TSurface surface = TSurface::MakeRaster(aDocument.Fonts(), aPlan.width, aPlan.height, aOptions.dpi,
+                                          aOptions.transparent ? NoPaper : ColorWhite);
+  TBackground background(aDocument, aOptions.print);
+  PaintPlan(surface, aDocument, aPlan, background);
+  return PngBytes(surface.Raster());
+}
+
+TPdfInfo PdfInfo(const TKDXLabel& aDocument) {
+  const TKDXMeasure& measure = *aDocument.fMeasure;
+  TPdfInfo info;
+  info.title = measure.fTitle.empty() ? measure.fLabelName : measure.fTitle;
+  return info;
+}
+
 std::string ExportSvg(TKDXLabel& aDocument, const TExportOptions& aOptions) {
   const TExportPlan plan(aDocument, aOptions);
-  if (plan.IsSheet()) return TSheetSvg(aDocument, plan, aOptions).Text(Root(aDocument, plan, aOptions));
+  if (plan.IsSheet()) return PlanSvg(aDocument, plan, aOptions);
   std::string text = aDocument.SVG(aOptions.svgMode, aOptions.factor, aOptions.ids);
   // What is fitted is the whole drawing seen through another window.
   if (aOptions.fit) text.replace(0, text.find('\n') + 1, Root(aDocument, plan, aOptions));
@@ -136,23 +159,15 @@ std::string ExportSvg(TKDXLabel& aDocument, const TExportOptions& aOptions) {
 }
 
 std::string ExportPng(TKDXLabel& aDocument, const TExportOptions& aOptions) {
-  if (!(aOptions.dpi >= LeastDpi && aOptions.dpi <= MostDpi)) {
-    throw EArgumentOutOfRangeException("The resolution must be between 1 and 9600 dots per inch");
-  }
-  const TExportPlan plan(aDocument, aOptions);
-  TSurface surface = TSurface::MakeRaster(aDocument.Fonts(), plan.width, plan.height, aOptions.dpi,
-                                          aOptions.transparent ? NoPaper : ColorWhite);
-  PaintPlan(surface, aDocument, plan);
-  return PngBytes(surface.Raster());
+  CheckDpi(aOptions);
+  return PlanPng(aDocument, TExportPlan(aDocument, aOptions), aOptions);
 }
 
 std::string ExportPdf(TKDXLabel& aDocument, const TExportOptions& aOptions) {
   const TExportPlan plan(aDocument, aOptions);
-  const TKDXMeasure& measure = *aDocument.fMeasure;
-  TPdfInfo info;
-  info.title = measure.fTitle.empty() ? measure.fLabelName : measure.fTitle;
-  TSurface surface = TSurface::MakePdf(aDocument.Fonts(), plan.width, plan.height, info);
-  PaintPlan(surface, aDocument, plan);
+  TSurface surface = TSurface::MakePdf(aDocument.Fonts(), plan.width, plan.height, PdfInfo(aDocument));
+  TBackground background(aDocument, aOptions.print);
+  PaintPlan(surface, aDocument, plan, background);
   return surface.FinishPdf();
 }
 

@@ -3,7 +3,9 @@
 
 #include <string>
 
+#include "host/TBackground.hpp"
 #include "host/TKDXLabel.hpp"
+#include "host/TSurface.hpp"
 
 namespace Zor::inline Host {
 
@@ -15,6 +17,8 @@ struct TExportOptions {
   int page = 0;
   /// Only as large as the exported items are; with page 0.
   bool fit = false;
+  /// What is meant for a printer instead of what is exported: items and backgrounds by their Print options.
+  bool print = false;
   /// A PNG without white paper behind the drawing.
   bool transparent = false;
   // Of an SVG: how its numbers are written, and whether elements carry the names of their items. On a sheet
@@ -30,5 +34,16 @@ struct TExportOptions {
 std::string ExportSvg(TKDXLabel& aDocument, const TExportOptions& aOptions);
 std::string ExportPng(TKDXLabel& aDocument, const TExportOptions& aOptions);
 std::string ExportPdf(TKDXLabel& aDocument, const TExportOptions& aOptions);
+
+class TExportPlan;
+
+// The same of a plan that has been made with these options.
+std::string PlanSvg(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions);
+std::string PlanPng(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions);
+/// What a PDF of the document says about itself.
+TPdfInfo PdfInfo(const TKDXLabel& aDocument);
+/// Paints the plan at the origin; `aBackground` is that of the document.
+void PaintPlan(TSurface& aSurface, const TKDXLabel& aDocument, const TExportPlan& aPlan,
+               TBackground& aBackground);
 
 }  // namespace Zor::inline Host

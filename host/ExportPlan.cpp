@@ -26,7 +26,7 @@ std::uint64_t CopyKey(int aInID, int aRow, int aColumn) {
 }  // namespace
 
 TExportPlan::TExportPlan(TKDXLabel& aDocument, const TExportOptions& aOptions)
-    : fDocument(aDocument), fSheet(aOptions.page > 0) {
+    : fDocument(aDocument), fSheet(aOptions.page > 0), fOption(aOptions.print ? lopPrint : lopExport) {
   if (aOptions.page < 0) throw EArgumentOutOfRangeException("Pages count from 1");
   if (fSheet && aOptions.fit) throw EArgumentException("A sheet of labels cannot be fitted to its items");
   const TKDXMeasure& measure = *aDocument.fMeasure;
@@ -82,7 +82,7 @@ void TExportPlan::FillCopies(int aPage) {
   IndexCopies();
   bool made = false;
   for (const TKDXBaseItem* item : fDocument.fItems) {
-    if (!item->GetIsData() || !item->Shows(lopVisible) || !item->Shows(lopExport)) continue;
+    if (!item->GetIsData() || !IsShown(*item)) continue;
     fVaries = true;
     for (const TLabelCell& cell : cells) {
       const auto [place, missing] = fCopies.try_emplace(CopyKey(item->fInID, cell.row, cell.column), nullptr);
@@ -115,6 +115,10 @@ void TExportPlan::AddCells(int aRow, int aColumn, Int64 aMost) {
     }
     given += std::max(m.fNuVer - column + 1, 0);
   }
+}
+
+void TExportPlan::LeaveOut(int aRow, int aColumn) {
+  std::erase_if(cells, [=](const TLabelCell& cell) { return cell.row == aRow && cell.column == aColumn; });
 }
 
 void TExportPlan::IndexCopies() {

@@ -34,7 +34,7 @@ class TExportPlan {
   template <class TVisit>
   void ForItems(const TLabelCell& aCell, TVisit aVisit) const {
     for (TKDXBaseItem* item : fDocument.fItems) {
-      if (!item->Shows(lopVisible) || !item->Shows(lopExport)) continue;
+      if (!IsShown(*item)) continue;
       TKDXBaseItem* shown = fVaries && item->GetIsData() ? CopyOf(*item, aCell) : item;
       if (shown != nullptr) aVisit(*shown);
     }
@@ -44,7 +44,11 @@ class TExportPlan {
   double x = 0, y = 0, width = 0, height = 0;
   std::vector<TLabelCell> cells;
 
+  /// Leaves the label of a cell empty.
+  void LeaveOut(int aRow, int aColumn);
+
  private:
+  bool IsShown(const TKDXBaseItem& aItem) const { return aItem.Shows(lopVisible) && aItem.Shows(fOption); }
   void TakeLabel();
   void TakeExtent();
   void TakeSheet(int aPage);
@@ -59,6 +63,7 @@ class TExportPlan {
 
   TKDXLabel& fDocument;
   bool fSheet;
+  TZOLayerOp fOption;  ///< what an item has to have to be shown
   bool fVaries = false;
   std::unordered_map<std::uint64_t, TKDXBaseItem*> fCopies;
 };

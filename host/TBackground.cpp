@@ -67,9 +67,9 @@ TGradientKind GradientOf(TZORBackStyle aStyle) {
   }
 }
 
-/// Does a visible layer export what lies behind it?
-bool ExportsBack(const TKDXLayer& aLayer) {
-  return aLayer.fOptions.Has(lopVisible) && aLayer.fOptions.Has(lopExportBack);
+/// Is what lies behind the items of a visible layer shown?
+bool ShowsBack(const TKDXLayer& aLayer, bool aPrint) {
+  return aLayer.fOptions.Has(lopVisible) && aLayer.fOptions.Has(aPrint ? lopPrintBack : lopExportBack);
 }
 
 /// One end of a gradient, 0 or 1.
@@ -119,13 +119,15 @@ std::string PathData(const TPath& aPath, TZORExportSVG aType, double aFactor) {
 
 // Gathering ---------------------------------------------------------------------------
 
-TBackground::TBackground(const TKDXBaseLabel& aDocument) : fShape(LabelShape(*aDocument.fMeasure)) {
-  if (std::any_of(aDocument.fLayers.begin(), aDocument.fLayers.end(),
-                  [](const TKDXLayer* layer) { return ExportsBack(*layer); })) {
+TBackground::TBackground(const TKDXBaseLabel& aDocument, bool aPrint)
+    : fShape(LabelShape(*aDocument.fMeasure)) {
+  const auto shows = [aPrint](const TKDXLayer* layer) { return ShowsBack(*layer, aPrint); };
+  if (aPrint ? aDocument.fBackSurf->fPrint
+             : std::any_of(aDocument.fLayers.begin(), aDocument.fLayers.end(), shows)) {
     AddSurface(aDocument);
   }
   for (const TKDXLayer* layer : aDocument.fLayers) {
-    if (ExportsBack(*layer) && layer->fOptions.HasAny({lopImage, lopMap})) AddLayer(aDocument, *layer);
+    if (shows(layer) && layer->fOptions.HasAny({lopImage, lopMap})) AddLayer(aDocument, *layer);
   }
 }
 

@@ -21,7 +21,8 @@ TPath LabelShape(const TKDXMeasure& aMeasure);
 /// `aPath` as the data of an SVG path.
 std::string PathData(const TPath& aPath, TZORExportSVG aType, double aFactor);
 
-/// What lies behind the items of an exported label, when a visible layer exports its back (lopExportBack):
+/// What lies behind the items of a label, when a visible layer exports its back (lopExportBack), or prints it
+/// (fPrint of the surface, lopPrintBack of the layers):
 /// the back surface of the document, above it the images and maps of such layers, each stretched over the
 /// label within its margins. A surface without a style shows nothing.
 ///
@@ -30,7 +31,7 @@ std::string PathData(const TPath& aPath, TZORExportSVG aType, double aFactor);
 class TBackground {
  public:
   /// Reads the images. One that is missing or damaged raises an Exception that names it.
-  explicit TBackground(const TKDXBaseLabel& aDocument);
+  explicit TBackground(const TKDXBaseLabel& aDocument, bool aPrint = false);
 
   bool Empty() const { return fAreas.empty() && fImages.empty(); }
   void Paint(TSurface& aSurface);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "apps/kaldrix/Command.hpp"
+#include "apps/kaldrix/OutputFormat.hpp"
 #include "host/Export.hpp"
 
 namespace Zor::Program {
@@ -14,7 +15,8 @@ class ExportCommand final : public Command {
   int Run() const override;
 
  private:
-  std::string fInput, fOutput, fFormat;
+  std::string fInput;
+  Output fOutput;
   TExportOptions fOptions;
 };
 

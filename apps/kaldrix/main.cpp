@@ -5,10 +5,12 @@
 #include <new>
 #include <vector>
 
+#include "apps/kaldrix/BarcodeCommand.hpp"
 #include "apps/kaldrix/CheckCommand.hpp"
 #include "apps/kaldrix/ExportCommand.hpp"
 #include "apps/kaldrix/InfoCommand.hpp"
 #include "apps/kaldrix/MessagesCommand.hpp"
+#include "apps/kaldrix/PrintCommand.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 
 namespace {
@@ -18,9 +20,11 @@ constexpr int WrongUse = 2;
 
 using TCommands = std::vector<std::unique_ptr<Zor::Program::Command>>;
 
-TCommands MakeCommands(CLI::App& aProgram) {
+TCommands MakeCommands(CLI::App& aProgram, const bool& aQuiet) {
   TCommands commands;
   commands.push_back(std::make_unique<Zor::Program::ExportCommand>(aProgram));
+  commands.push_back(std::make_unique<Zor::Program::PrintCommand>(aProgram, aQuiet));
+  commands.push_back(std::make_unique<Zor::Program::BarcodeCommand>(aProgram));
   commands.push_back(std::make_unique<Zor::Program::InfoCommand>(aProgram));
   commands.push_back(std::make_unique<Zor::Program::CheckCommand>(aProgram));
   commands.push_back(std::make_unique<Zor::Program::MessagesCommand>(aProgram));
@@ -44,7 +48,7 @@ int main(int argc, char** argv) {
   program.add_flag("--quiet", quiet, "No progress lines");
   program.fallthrough();
 
-  const TCommands commands = MakeCommands(program);
+  const TCommands commands = MakeCommands(program, quiet);
   try {
     program.parse(argc, argv);
     return RunChosen(commands);

@@ -169,6 +169,8 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   virtual void RotateLeft();
   virtual void RotateRight();
   virtual void FillData(bool /*aFirst*/) {}
+  /// Why the item cannot show the value that it has; empty when it can.
+  virtual std::string ValueProblem() const { return {}; }
   /// Writes type and record.
   virtual void WriteData(TBinaryWriter& bW) const;
   /// Reads the record; the type has been read. Raises EReadError.

@@ -48,10 +48,9 @@ bool TKDXBaseLabel::DataGraphic(const std::string& aField, std::string& aStream)
 // Counters --------------------------------------------------
 
 TKDXCounter* TKDXBaseLabel::FindCounter(std::string_view aName) const {
-  const auto found = std::find_if(fCounters.begin(), fCounters.end(), [aName](const TKDXCounter* counter) {
-    return counter->fName == aName || SameText(counter->fName, aName);
-  });
-  return found == fCounters.end() ? nullptr : *found;
+  const int index = fCounterFinder.Find(aName, fCounters.Count(),
+                                        [this](int i) -> const std::string& { return fCounters[i]->fName; });
+  return index < 0 ? nullptr : fCounters[index];
 }
 
 bool TKDXBaseLabel::CounterName(std::string_view coName, const TKDXCounter* aCounter) const {

@@ -32,15 +32,29 @@ class TCellCopies {
     });
   }
 
-  /// Fills the copies of a cell. Cells have to come in their order.
-  void Fill(int aRow, int aColumn) {
+  /// Fills the copies of a cell, and tells what they could not take. Cells have to come in their order.
+  std::vector<std::string> Fill(int aRow, int aColumn) {
+    std::vector<std::string> problems;
     const std::uint32_t cell = CellKey(aRow, aColumn);
     const auto key = [this] { return CellKey(fCopies[fNext]->aRow, fCopies[fNext]->aCol); };
     while (fNext < fCopies.size() && key() < cell) ++fNext;
-    for (; fNext < fCopies.size() && key() == cell; ++fNext) fCopies[fNext]->FillData(true);
+    for (; fNext < fCopies.size() && key() == cell; ++fNext) {
+      const std::string problem = FillItem(*fCopies[fNext]);
+      if (!problem.empty()) problems.push_back(fCopies[fNext]->fID + ": " + problem);
+    }
+    return problems;
   }
 
  private:
+  static std::string FillItem(TKDXBaseItem& aCopy) {
+    try {
+      aCopy.FillData(true);
+      return aCopy.ValueProblem();
+    } catch (const Exception& error) {
+      return error.what();
+    }
+  }
+
   std::vector<TKDXBaseItem*> fCopies;
   std::size_t fNext = 0;
 };
@@ -163,8 +177,8 @@ void TKDXBaseLabel::FillDataPage(int aPage) {
   int column = aPage == 1 ? std::max(print.fFirstCol, 1) : 1;
   for (int row = aPage == 1 ? std::max(print.fFirstRow, 1) : 1; row <= fMeasure->fNuHor; ++row, column = 1) {
     for (; column <= fMeasure->fNuVer && label <= print.fLabelsToPrint; ++column, ++label) {
-      copies.Fill(row, column);
-      NoteLabel(label, row, column);
+      std::vector<std::string> problems = copies.Fill(row, column);
+      NoteLabel(label, row, column, std::move(problems));
       NextData();
     }
     if (label > print.fLabelsToPrint) break;
@@ -172,13 +186,21 @@ void TKDXBaseLabel::FillDataPage(int aPage) {
   print.fLastPageFill = aPage;
 }
 
-void TKDXBaseLabel::NoteLabel(int aLabel, int aRow, int aColumn) {
+void TKDXBaseLabel::NoteLabel(int aLabel, int aRow, int aColumn, std::vector<std::string> aProblems) {
   const int record = fPrintInfo->DataRuns() ? fData->Record() : 0;
-  TZOPageLabel& note = fPageLabels.emplace_back(TZOPageLabel{
-      aLabel, aRow, aColumn, record, record > 0 ? fData->fPos : 0, record > 0 ? fData->fPosRepeat : 1, {}});
+  TZOPageLabel& note = fPageLabels.emplace_back(TZOPageLabel{aLabel,
+                                                             aRow,
+                                                             aColumn,
+                                                             record,
+                                                             record > 0 ? fData->fPos : 0,
+                                                             record > 0 ? fData->fPosRepeat : 1,
+                                                             {},
+                                                             std::move(aProblems)});
   for (const TKDXCounter* counter : fCounters) {
     if (counter->fActive) note.counters.push_back(counter->fValue);
   }
+  if (record == 0) return;
+  for (std::string& problem : fData->RecordProblems()) note.problems.push_back(std::move(problem));
 }
 
 // Preview copies --------------------------------------------------

@@ -13,6 +13,7 @@
 #include "kaldrix/core/TOwnedList.hpp"
 #include "kaldrix/core/TUndoStack.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
+#include "kaldrix/platform/TNameFinder.hpp"
 #include "kaldrix/types/Events.hpp"
 #include "kaldrix/types/Interfaces.hpp"
 #include "kaldrix/types/Records.hpp"
@@ -42,6 +43,7 @@ struct TZOPageLabel {
   int position;                       ///< TKDXData::fPos: of a CSV source the line of the file; 0 without one
   int repeat;                         ///< which label of its record it is, 1-based
   std::vector<std::string> counters;  ///< values of the active counters, in the order of fCounters
+  std::vector<std::string> problems;  ///< what its record or its items could not take, with their names
 };
 
 /// The document: one drawing with its layers, items, styles, selection and undo stacks. Everything reaches
@@ -493,7 +495,7 @@ class TKDXBaseLabel : public TComponent {
   void PlanItems();
   void PlanCounter(std::string_view aName);
   void PlanPages();
-  void NoteLabel(int aLabel, int aRow, int aColumn);
+  void NoteLabel(int aLabel, int aRow, int aColumn, std::vector<std::string> aProblems);
   std::unique_ptr<TJsonObject> GetJsonSections() const;
   void ClearForRead();
   void ReadSymbol(TJsonObject& aJson);
@@ -503,6 +505,7 @@ class TKDXBaseLabel : public TComponent {
   void CheckNeedDrawUnits();
 
   TItemIndex fIndex;
+  mutable TNameFinder fCounterFinder;
   std::vector<TZOPageLabel> fPageLabels;
   int fWalkLabel = 0;       ///< the label that the walk stands on, 0 when that is not known
   unsigned fWalkMoves = 0;  ///< of fData when fWalkLabel was noted

@@ -1,12 +1,11 @@
 #include "kaldrix/editor/TKDXFileLabel.hpp"
 
-#include <zlib.h>
-
 #include "kaldrix/core/ReserveAlike.hpp"
 #include "kaldrix/core/TContentKeeper.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/json/JsonReader.hpp"
+#include "kaldrix/platform/CheckSum.hpp"
 #include "kaldrix/platform/Files.hpp"
 
 namespace Zor::inline Base {
@@ -18,11 +17,6 @@ constexpr int FrameVersion = 1;
 constexpr std::size_t HeadSize = Magic.size() + 4 + 8 + 4;
 /// Type and the common record of an item without a name or points.
 constexpr std::size_t LeastItem = 29;
-
-std::uint32_t CheckSum(std::string_view aBytes) {
-  const auto* bytes = reinterpret_cast<const Bytef*>(aBytes.data());
-  return static_cast<std::uint32_t>(crc32_z(0, bytes, aBytes.size()));
-}
 
 /// What a binary file frames. Raises EReadError when the frame does not fit.
 std::string_view Payload(std::string_view aBytes) {

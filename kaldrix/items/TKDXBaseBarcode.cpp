@@ -11,6 +11,7 @@
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/items/AnsiFields.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/types/BarTypeNames.hpp"
 #include "kaldrix/utils/TBarcode.hpp"
 #include "kaldrix/utils/TExSVG.hpp"
 
@@ -93,6 +94,14 @@ void TKDXBaseBarcode::FillData(bool aFirst) {
   fCode = std::move(value);
   fStale = true;
   if (aFirst) CalcValues(2);
+}
+
+std::string TKDXBaseBarcode::ValueProblem() const {
+  const std::string code = ToUtf8(fCode);
+  if (HasValue(*fOwner) && Value(*fOwner) != code) {
+    return "'" + Value(*fOwner) + "' has characters that a barcode cannot hold";
+  }
+  return fIsValid ? "" : "'" + code + "' is no code of " + std::string(BarTypeNames[fCodeType].title);
 }
 
 // Look ----------------------------------------------------------------------------------

@@ -82,6 +82,7 @@ class TKDXBaseBarcode : public TBarItem, public IZORBarcode {
                 bool attrID) const override;
   void UpdatePoints() override;
   void FillData(bool aFirst) override;
+  std::string ValueProblem() const override;
 
   // State. Lengths are base points of paper. ----------------------------------------
 

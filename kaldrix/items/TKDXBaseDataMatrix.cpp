@@ -36,6 +36,8 @@ void TKDXBaseDataMatrix::Encode() {
 
 std::string TKDXBaseDataMatrix::Taken(const std::string& aText) const { return ToUtf8(ToAnsi(aText)); }
 
+bool TKDXBaseDataMatrix::HoldsAll(const std::string& aValue) const { return aValue == fCode; }
+
 void TKDXBaseDataMatrix::Record(TRecord& r) {
   TMatrixItem::Record(r);
   r.Enum32(fDMSize, "DMSize");

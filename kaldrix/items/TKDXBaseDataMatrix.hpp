@@ -29,6 +29,7 @@ class TKDXBaseDataMatrix : public TMatrixItem {
  protected:
   void Record(TRecord& r) override;
   std::string Taken(const std::string& aText) const override;
+  bool HoldsAll(const std::string& aValue) const override;
 };
 
 }  // namespace Zor::inline Barcode

@@ -92,6 +92,8 @@ void TKDXBasePDF417::SetTruncated(bool aValue) {
 
 std::string TKDXBasePDF417::Taken(const std::string& aText) const { return ToUtf8(ToAnsi(aText)); }
 
+bool TKDXBasePDF417::HoldsAll(const std::string& aValue) const { return TPDF417::GetValid(aValue) == aValue; }
+
 int TKDXBasePDF417::ModuleCols() const {
   // The data columns stand between start, row indicators and stop, the last bar of which is a module more.
   const int others = fTruncated ? 2 : 4;

@@ -32,6 +32,12 @@ void TKDXBaseQRCode::Encode() {
 
 std::string TKDXBaseQRCode::Taken(const std::string& aText) const { return TBarcode::RemoveAccented(aText); }
 
+bool TKDXBaseQRCode::HoldsAll(const std::string& /*aValue*/) const {
+  TQRCodeEncoding encoding = fEncoding;
+  const TMode mode = TEncoder::ChooseMode(fCode, encoding);
+  return TEncoder::FilterContent(fCode, mode, encoding) == fCode;
+}
+
 void TKDXBaseQRCode::Record(TRecord& r) {
   TMatrixItem::Record(r);
   r.Enum16(fEncoding, "Encoding");

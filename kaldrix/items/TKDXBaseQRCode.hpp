@@ -30,6 +30,7 @@ class TKDXBaseQRCode : public TMatrixItem {
   void Record(TRecord& r) override;
   /// Vowels lose their accents.
   std::string Taken(const std::string& aText) const override;
+  bool HoldsAll(const std::string& aValue) const override;
 };
 
 }  // namespace Zor::inline Barcode

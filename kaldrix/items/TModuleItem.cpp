@@ -20,6 +20,11 @@ void TModuleItem::FillData(bool /*aFirst*/) {
   if (HasValue(*fOwner)) SetCode(Value(*fOwner));
 }
 
+std::string TModuleItem::ValueProblem() const {
+  const std::string value = HasValue(*fOwner) ? Value(*fOwner) : fCode;
+  return HoldsAll(value) ? "" : "'" + value + "' has characters that the symbol cannot hold";
+}
+
 // Sizes ---------------------------------------------------------------------------------
 
 namespace {

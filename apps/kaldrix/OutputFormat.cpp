@@ -1,0 +1,60 @@
+#include "apps/kaldrix/OutputFormat.hpp"
+
+#include <CLI/CLI.hpp>
+#include <array>
+
+#include "apps/kaldrix/Streams.hpp"
+#include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/Utf8.hpp"
+
+namespace Zor::Program {
+
+namespace {
+
+constexpr std::array<TOutputFormat, 5> Formats{{
+    {"svg", true, &ExportSvg},
+    {"png", true, &ExportPng},
+    {"pdf", true, &ExportPdf},
+    {"json", false,
+     [](TKDXLabel& aDocument, const TExportOptions&) { return aDocument.SaveToBytes(lfJSON); }},
+    {"bin", false, [](TKDXLabel& aDocument, const TExportOptions&) { return aDocument.SaveToBytes(lfBin); }},
+}};
+
+const TOutputFormat* FindFormat(std::string_view aName, bool aPictures) {
+  for (const TOutputFormat& format : Formats) {
+    if (SameText(format.name, aName) && (format.picture || !aPictures)) return &format;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void Output::AddOptions(CLI::App& aOptions, bool aPictures) {
+  fPictures = aPictures;
+  aOptions.add_option("-o,--output", fName, "The file to write; - writes to standard output")->required();
+  aOptions.add_option("--format", fFormat, Words() + "; told by the output's suffix if not given")
+      ->check([this](const std::string& word) {
+        return FindFormat(word, fPictures) != nullptr ? std::string()
+                                                      : "'" + word + "' is none of " + Words();
+      });
+}
+
+std::string Output::Words() const { return fPictures ? "svg, png or pdf" : "svg, png, pdf, json or bin"; }
+
+const TOutputFormat& Output::Format() const {
+  const std::string suffix = ExtractFileExt(fName);
+  const TOutputFormat* format = FindFormat(!fFormat.empty() ? fFormat
+                                           : suffix.empty() ? suffix
+                                                            : suffix.substr(1),
+                                           fPictures);
+  if (format == nullptr) {
+    throw CLI::ValidationError("--format", "no format is known for '" + fName + "': tell " + Words());
+  }
+  return *format;
+}
+
+void Output::Write(TKDXLabel& aDocument, const TExportOptions& aOptions) const {
+  WriteOutput(fName, Format().make(aDocument, aOptions));
+}
+
+}  // namespace Zor::Program

@@ -1,0 +1,37 @@
+// The forms in which commands write a document.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/Export.hpp"
+
+namespace CLI {
+class App;
+}
+
+namespace Zor::Program {
+
+struct TOutputFormat {
+  std::string_view name;  ///< the suffix too
+  bool picture;           ///< not the document itself
+  std::string (*make)(TKDXLabel&, const TExportOptions&);
+};
+
+/// Where a command writes to, and in which form.
+class Output {
+ public:
+  /// Adds -o and --format. With `aPictures`, the document itself is no form.
+  void AddOptions(CLI::App& aOptions, bool aPictures);
+  /// The form that was asked for, or that of the file's suffix. Raises CLI::ValidationError.
+  const TOutputFormat& Format() const;
+  void Write(TKDXLabel& aDocument, const TExportOptions& aOptions) const;
+
+ private:
+  std::string Words() const;
+
+  std::string fName, fFormat;
+  bool fPictures = false;
+};
+
+}  // namespace Zor::Program

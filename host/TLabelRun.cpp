@@ -1,0 +1,113 @@
+#include "host/TLabelRun.hpp"
+
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/core/TKDXCounter.hpp"
+#include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
+
+namespace Zor::inline Host {
+
+TLabelRun::TLabelRun(TKDXLabel& aDocument) : fDocument(aDocument) {
+  CheckBindings();
+  fDocument.CheckPrintData();
+  fLabels = fLast = fDocument.fPrintInfo->fLabelsToPrint;
+}
+
+void TLabelRun::CheckBindings() const {
+  std::string problems;
+  for (const TKDXBaseItem* item : fDocument.fItems) {
+    const auto* bound = dynamic_cast<const IZORData*>(item);
+    if (bound == nullptr || !item->aIsData || !item->Shows(lopVisible) || !item->Shows(lopPrint)) continue;
+    const std::string missing = MissingBinding(bound->FillType(), bound->FillName());
+    if (!missing.empty())
+      problems += "\n  " + item->fID + ": there is no " + missing + " '" + bound->FillName() + "'";
+  }
+  if (!problems.empty()) throw Exception("Items of this print:" + problems);
+}
+
+std::string TLabelRun::MissingBinding(TZORFillType aFill, const std::string& aName) const {
+  const TKDXData& data = *fDocument.fData;
+  switch (aFill) {
+    case ftCounter:
+      return fDocument.FindCounter(aName) == nullptr ? "counter" : "";
+    case ftList:
+      return data.GetListVal(std::string_view(aName)) == nullptr ? "list" : "";
+    case ftAsk:
+      return data.GetAskField(std::string_view(aName)) == nullptr ? "question" : "";
+    case ftField:
+    case ftJson:
+    case ftCsv: {
+      // A record of JSON need not have every key.
+      const bool fixed = data.fType == dtyCsv || data.fType == dtyDataset;
+      return fixed && data.GetCsvPos(aName) < 0 ? "field" : "";
+    }
+    default:
+      return {};
+  }
+}
+
+int TLabelRun::Pages() const { return fPassed + fDocument.fPrintInfo->fPagesToPrint; }
+
+void TLabelRun::StartAt(int aRow, int aColumn) {
+  const TKDXMeasure& measure = *fDocument.fMeasure;
+  if (aRow < 1 || aRow > measure.fNuHor || aColumn < 1 || aColumn > measure.fNuVer) {
+    throw EArgumentOutOfRangeException("The sheet has " + std::to_string(measure.fNuHor) + " rows and " +
+                                       std::to_string(measure.fNuVer) + " columns: there is no row " +
+                                       std::to_string(aRow) + ", column " + std::to_string(aColumn));
+  }
+  fDocument.fPrintInfo->SetFirstRow(aRow);
+  fDocument.fPrintInfo->SetFirstCol(aColumn);
+  SetRange(fFirst, fLast);
+}
+
+void TLabelRun::SetRange(int aFirst, int aLast) {
+  fDocument.fPrintInfo->fLabelsToPrint = fLabels;
+  if (!fDocument.SetLabelRange(aFirst, aLast)) {
+    throw EArgumentOutOfRangeException("The run has " + std::to_string(fLabels) +
+                                       " labels, none of them from " + std::to_string(aFirst) + " to " +
+                                       std::to_string(aLast));
+  }
+  fFirst = aFirst;
+  fLast = fDocument.fPrintInfo->fLabelsToPrint;
+}
+
+void TLabelRun::GoOnBehind(int aPage, int aLabel) {
+  const int last = fLast;
+  StartAt(1, 1);
+  SetRange(aLabel + 1, last);
+  fPassed = aPage;
+}
+
+TExportPlan TLabelRun::Fill(int aPage, const TExportOptions& aOptions) {
+  TExportOptions options = aOptions;
+  options.page = aPage - fPassed;
+  options.print = true;
+  TExportPlan plan(fDocument, options);
+  TakeSheet(aPage);
+  for (const TRunLabel& label : fSheet) {
+    if (!label.leftOut.empty()) plan.LeaveOut(label.row, label.column);
+  }
+  return plan;
+}
+
+void TLabelRun::TakeSheet(int aPage) {
+  fSheet.clear();
+  for (const TZOPageLabel& note : fDocument.GetPageLabels()) {
+    TRunLabel& label = fSheet.emplace_back();
+    label.label = note.label;
+    label.page = aPage;
+    label.row = note.row;
+    label.column = note.column;
+    label.record = note.record;
+    std::size_t next = 0;
+    for (const TKDXCounter* counter : fDocument.fCounters) {
+      if (counter->fActive) label.counters.emplace_back(counter->fName, note.counters.at(next++));
+    }
+    for (const std::string& problem : note.problems) {
+      label.leftOut += (label.leftOut.empty() ? "" : "; ") + problem;
+    }
+  }
+}
+
+}  // namespace Zor::inline Host

@@ -1,0 +1,51 @@
+// A label run: every label that data, counters and the number of labels give, sheet by sheet.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "host/Export.hpp"
+#include "host/ExportPlan.hpp"
+#include "host/TRunManifest.hpp"
+
+namespace Zor::inline Host {
+
+/// Plans a print of a document and walks through its sheets. The cost of a sheet does not depend on those
+/// before it.
+class TLabelRun {
+ public:
+  /// Plans the print; questions and lists in use are active from then on (see RunAnswers.hpp). Raises what
+  /// the source raises, and Exception that names every item whose field, counter, list or question there is
+  /// not.
+  explicit TLabelRun(TKDXLabel& aDocument);
+
+  /// Labels of the whole run.
+  int Labels() const { return fLabels; }
+  int First() const { return fFirst; }
+  int Last() const { return fLast; }
+  int Pages() const;
+  /// The first cell of the first page, 1-based. Raises EArgumentOutOfRangeException off the sheet.
+  void StartAt(int aRow, int aColumn);
+  /// Prints only some of the labels, 1-based. Raises EArgumentOutOfRangeException when the run has none of
+  /// them.
+  void SetRange(int aFirst, int aLast);
+  /// Goes on behind a label that is the last of its page.
+  void GoOnBehind(int aPage, int aLabel);
+
+  /// Fills a page of the range, 1-based and behind those that GoOnBehind passed over. What stands in its
+  /// cells is in Sheet() until the next call.
+  TExportPlan Fill(int aPage, const TExportOptions& aOptions);
+  const std::vector<TRunLabel>& Sheet() const { return fSheet; }
+
+ private:
+  void CheckBindings() const;
+  std::string MissingBinding(TZORFillType aFill, const std::string& aName) const;
+  void TakeSheet(int aPage);
+
+  TKDXLabel& fDocument;
+  int fLabels = 0, fFirst = 1, fLast = 0;
+  int fPassed = 0;  ///< pages of an earlier session
+  std::vector<TRunLabel> fSheet;
+};
+
+}  // namespace Zor::inline Host
