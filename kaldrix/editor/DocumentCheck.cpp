@@ -131,7 +131,10 @@ void CheckSizes(const TKDXBaseLabel& aDocument, TFindings& aFindings) {
   if (measure.fNuVer < 1) aFindings.emplace_back("Measures.Columns: below 1");
 }
 
-/// The second point of a text follows from its measured size, so what a file holds there does not count.
+/// The second point of these follows from a size that the host measures, so what a file holds there does not
+/// count.
+bool IsMeasured(TZORItemType aType) { return aType == itText || aType == itBarcode; }
+
 void PassMeasured(const TJsonObject& aGiven, TJsonObject& aRead) {
   const TJsonArray* given = aGiven.FindArray("Points");
   TJsonArray* read = aRead.FindArray("Points");
@@ -149,7 +152,7 @@ void CheckItems(TKDXFileLabel& aScratch, TJsonObject& aJson, const TJsonObject& 
     try {
       const TKDXBaseItem& item = aScratch.ReadJsonItem(version, items.GetObject(i));
       const std::unique_ptr<TJsonObject> read = item.WriteJson();
-      if (item.fItemType == itText) PassMeasured(given->GetObject(i), *read);
+      if (IsMeasured(item.fItemType)) PassMeasured(given->GetObject(i), *read);
       comparison.CompareObjects(Entry(i), given->GetObject(i), *read);
     } catch (const Exception& error) {
       aFindings.push_back(Entry(i) + ": " + error.what());

@@ -25,6 +25,7 @@ TEST(DocumentCheckTest, AWrittenDocumentHasNoFindings) {
   TBareLabel document;
   document.LoadFromBytes(text);
   EXPECT_EQ(Check(document.SaveToBytes(lfBin)), std::vector<std::string>{});
+  EXPECT_EQ(Check(ReadFile(KALDRIX_SOURCE_DIR "/examples/pallet-label.json")), std::vector<std::string>{});
 }
 
 TEST(DocumentCheckTest, ListsWhatAReaderTakesLeniently) {
