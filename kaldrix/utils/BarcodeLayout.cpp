@@ -1,5 +1,7 @@
 #include "kaldrix/utils/BarcodeLayout.hpp"
 
+#include <algorithm>
+
 #include "kaldrix/platform/Ansi.hpp"
 #include "kaldrix/types/Units.hpp"
 #include "kaldrix/utils/TBarcode.hpp"
