@@ -34,6 +34,21 @@ if(KALDRIX_MOLD)
   add_link_options(-fuse-ld=mold)
 endif()
 
+# Half of a build is reading the standard headers.
+option(KALDRIX_PRECOMPILE "Precompile the standard headers" OFF)
+set(KALDRIX_STANDARD_HEADERS <algorithm> <array> <cmath> <cstdint> <functional> <memory> <optional> <string>
+  <string_view> <unordered_map> <utility> <vector>)
+if(KALDRIX_PRECOMPILE AND KALDRIX_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${KALDRIX_CCACHE})
+  add_compile_options(-fpch-preprocess)
+endif()
+function(kaldrix_precompile target)
+  if(KALDRIX_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE ${KALDRIX_STANDARD_HEADERS} ${ARGN})
+  endif()
+endfunction()
+
 # The folders of the library, in the order in which they may know each other: a folder includes
 # only what stands before it.
 set(KALDRIX_FOLDERS types platform json messages utils codes core items editor diagrams)
@@ -43,6 +58,7 @@ function(kaldrix_folder name)
   add_library(kaldrix_${name} OBJECT ${ARGN})
   target_link_libraries(kaldrix_${name} PUBLIC kaldrix_flags PRIVATE kaldrix_warnings)
   set_target_properties(kaldrix_${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  kaldrix_precompile(kaldrix_${name})
 endfunction()
 
 # What g++ 12 reports wrongly where programs join strings and free JSON trees in the open.
