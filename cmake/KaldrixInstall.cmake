@@ -10,7 +10,8 @@ if(TARGET kaldrix_program)
   install(TARGETS kaldrix_program RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 install(DIRECTORY kaldrix host DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.hpp"
-  PATTERN "TShaper.hpp" EXCLUDE PATTERN "TSurface.Impl.hpp" EXCLUDE)
+  PATTERN "TShaper.hpp" EXCLUDE PATTERN "GlyphPainter.hpp" EXCLUDE PATTERN "T*Canvas.hpp" EXCLUDE
+  PATTERN "TPdf*.hpp" EXCLUDE)
 install(EXPORT KaldrixTargets NAMESPACE Kaldrix:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Kaldrix)
 
 configure_package_config_file(cmake/KaldrixConfig.cmake.in KaldrixConfig.cmake

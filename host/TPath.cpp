@@ -1,8 +1,11 @@
 #include "host/TPath.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
+
+#include "host/TMatrix.hpp"
 
 namespace Zor::inline Host {
 
@@ -20,6 +23,40 @@ int ArcPieces(double radius, double sweep) {
   const double widest = std::min(std::numbers::pi / 2,
                                  std::pow(ArcTolerance * ArcErrorScale / std::max(radius, 1e-3), 1.0 / 6));
   return static_cast<int>(std::clamp(std::ceil(std::abs(sweep) / widest), 1.0, double{MostArcPieces}));
+}
+
+/// Extends the box by numbers that are held far from infinity.
+void Include(TPaperBox& box, double x, double y) {
+  x = Moved(x);
+  y = Moved(y);
+  box.left = std::min(box.left, x);
+  box.right = std::max(box.right, x);
+  box.top = std::min(box.top, y);
+  box.bottom = std::max(box.bottom, y);
+}
+
+/// Where a cubic with these values turns around, at most two places between 0 and 1; others are 0.
+std::array<double, 2> Turns(double p0, double p1, double p2, double p3) {
+  const double a = p3 - 3 * p2 + 3 * p1 - p0, b = 2 * (p2 - 2 * p1 + p0), c = p1 - p0;
+  const auto inside = [](double t) { return t > 0 && t < 1 ? t : 0.0; };
+  const double root = std::sqrt(std::max(0.0, b * b - 4 * a * c));
+  const double q = -(b + std::copysign(root, b)) / 2;
+  return {a != 0 ? inside(q / a) : 0, q != 0 ? inside(c / q) : 0};
+}
+
+double CubicAt(double t, double p0, double p1, double p2, double p3) {
+  const double s = 1 - t;
+  return s * s * s * p0 + 3 * s * s * t * p1 + 3 * s * t * t * p2 + t * t * t * p3;
+}
+
+void IncludeCurve(TPaperBox& box, const TPaperPoint* p) {
+  Include(box, p[3].x, p[3].y);
+  for (const double t : Turns(p[0].x, p[1].x, p[2].x, p[3].x)) {
+    if (t > 0) Include(box, CubicAt(t, p[0].x, p[1].x, p[2].x, p[3].x), p[0].y);
+  }
+  for (const double t : Turns(p[0].y, p[1].y, p[2].y, p[3].y)) {
+    if (t > 0) Include(box, p[0].x, CubicAt(t, p[0].y, p[1].y, p[2].y, p[3].y));
+  }
 }
 
 }  // namespace
@@ -95,6 +132,21 @@ TPath& TPath::Rect(double x, double y, double width, double height, double radiu
 TPath& TPath::Ellipse(double cx, double cy, double rx, double ry) {
   MoveTo(cx + rx, cy);
   return Arc(cx, cy, rx, ry, 0, FullTurn).Close();
+}
+
+TPaperBox TPath::Bounds() const {
+  if (fPoints.empty()) return {};
+  constexpr double Far = 2 * FarthestMove;
+  TPaperBox box{Far, Far, -Far, -Far};
+  const TPaperPoint* next = fPoints.data();
+  for (const TStep step : fSteps) {
+    if (step == psClose) continue;
+    // A curve begins at the point before it: there is always one.
+    if (step == psCurve) IncludeCurve(box, next - 1);
+    if (step != psCurve) Include(box, next->x, next->y);
+    next += step == psCurve ? 3 : 1;
+  }
+  return box;
 }
 
 double SweepBetween(double start, double end, bool clockwise) {

@@ -13,6 +13,15 @@ struct TPaperPoint {
   double y = 0;
 };
 
+/// A box along the axes of the paper.
+struct TPaperBox {
+  double left = 0, top = 0, right = 0, bottom = 0;
+
+  double Width() const { return right - left; }
+  double Height() const { return bottom - top; }
+  TPaperPoint Middle() const { return {(left + right) / 2, (top + bottom) / 2}; }
+};
+
 /// An outline of straight and curved pieces, in millimetres of paper, with the vocabulary of an SVG path.
 /// Angles are radians, growing from the positive x axis towards positive y (clockwise on the paper).
 class TPath {
@@ -38,6 +47,8 @@ class TPath {
   /// The pieces, and their points in order: one for a move or line, three for a curve, none for a close.
   std::span<const TStep> Steps() const { return fSteps; }
   std::span<const TPaperPoint> Points() const { return fPoints; }
+  /// The box of the outline itself, not of its controls; all 0 when there is none.
+  TPaperBox Bounds() const;
 
  private:
   TPaperPoint Current() const { return fPoints.empty() ? TPaperPoint{} : fPoints.back(); }

@@ -39,6 +39,10 @@ struct TLightTables {
 
 }  // namespace
 
+bool TPicture::Opaque() const {
+  return std::all_of(pixels.begin(), pixels.end(), [](TAlphaColor p) { return p >> 24 == 255; });
+}
+
 void CheckPixels(std::int64_t width, std::int64_t height, const std::string& what) {
   const std::string size = std::to_string(width) + " x " + std::to_string(height);
   if (width <= 0 || height <= 0) throw Exception(what + ": " + size + " pixels is no picture");

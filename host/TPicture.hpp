@@ -21,6 +21,9 @@ struct TPicture {
   /// The file that the pixels came from, when that was a JPEG which shows the same upright: a PDF takes it as
   /// it is. Empty otherwise, and to be emptied by whoever changes the pixels.
   std::string jpeg;
+
+  /// Every pixel has alpha 255.
+  bool Opaque() const;
 };
 
 /// Rows of pixels that somebody else owns: 0xAARRGGBB, colours multiplied by alpha.

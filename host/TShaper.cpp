@@ -1,7 +1,6 @@
 #include "host/TShaper.hpp"
 
 #include <hb-ot.h>
-#include <hb.h>
 
 #include <algorithm>
 #include <cmath>
@@ -20,6 +19,7 @@ constexpr double ByteUnits = 400'000;
 /// The longest text laid out at once, bytes: at the coarsest one unit to the em.
 constexpr std::size_t LongestRun = 400'000;
 constexpr std::size_t MostFaces = 1024;
+constexpr const char* Language = "en";
 /// Used where a font says nothing, parts of the em.
 constexpr double DefaultAscent = 0.8, DefaultDescent = 0.2;
 constexpr double DefaultUnderline = 0.1, DefaultThickness = 0.05, DefaultStrikeout = 0.3;
@@ -76,6 +76,28 @@ bool HasPictures(const PangoLayoutLine* line) {
   return false;
 }
 
+/// The ASCII characters of which `font` can shape any text alone: those it has, unless something else than
+/// its tables has a say.
+std::bitset<128> PlainCharacters(PangoFont* font) {
+  std::bitset<128> plain;
+  hb_feature_t feature;
+  unsigned features = 0;
+  pango_font_get_features(font, &feature, 1, &features);
+  if (features > 0) return plain;
+  hb_font_t* hbFont = pango_font_get_hb_font(font);
+  for (unsigned c = ' '; c < 127; ++c) {
+    hb_codepoint_t glyph = 0;
+    plain[c] = hb_font_get_nominal_glyph(hbFont, c, &glyph) != 0;
+  }
+  return plain;
+}
+
+/// The one script of a plain text, as itemising finds it.
+hb_script_t PlainScript(std::string_view text) {
+  const auto isLetter = [](char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; };
+  return std::any_of(text.begin(), text.end(), isLetter) ? HB_SCRIPT_LATIN : HB_SCRIPT_COMMON;
+}
+
 double LineWidth(PangoLayoutLine* line) {
   PangoRectangle logical;
   pango_layout_line_get_extents(line, nullptr, &logical);
@@ -103,7 +125,9 @@ std::string_view CleanText(std::string_view text, std::string& buffer) {
 
 TShaper::TShaper()
     : fMap(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT)),
-      fContext(pango_font_map_create_context(fMap.get())) {
+      fContext(pango_font_map_create_context(fMap.get())),
+      fBuffer(hb_buffer_create()),
+      fLanguage(hb_language_from_string(Language, -1)) {
   cairo_font_options_t* options = cairo_font_options_create();
   cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
   cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
@@ -112,8 +136,8 @@ TShaper::TShaper()
   cairo_font_options_destroy(options);
   pango_context_set_round_glyph_positions(fContext.get(), FALSE);
   pango_context_set_base_dir(fContext.get(), PANGO_DIRECTION_LTR);
-  // The language decides among fallback fonts: the user's locale must not.
-  pango_context_set_language(fContext.get(), pango_language_from_string("en"));
+  // It decides among fallback fonts: the user's locale must not.
+  pango_context_set_language(fContext.get(), pango_language_from_string(Language));
   fLayout.reset(pango_layout_new(fContext.get()));
   pango_layout_set_auto_dir(fLayout.get(), FALSE);
   pango_layout_set_wrap(fLayout.get(), PANGO_WRAP_WORD_CHAR);
@@ -133,8 +157,9 @@ TFace& TShaper::Face(const TFontSpec& font) {
   return fFaces.emplace(TFaceKey{font.name, font.bold, font.italic}, LoadFace(font)).first->second;
 }
 
-TFace TShaper::LoadFace(const TFontSpec& font) const {
+TFace TShaper::LoadFace(const TFontSpec& font) {
   TFace face;
+  face.id = ++fLoaded;
   face.ascent = DefaultAscent;
   face.descent = DefaultDescent;
   face.underline = DefaultUnderline;
@@ -149,9 +174,11 @@ TFace TShaper::LoadFace(const TFontSpec& font) const {
   pango_font_description_set_style(face.description.get(),
                                    font.italic ? PANGO_STYLE_ITALIC : PANGO_STYLE_NORMAL);
   pango_font_description_set_absolute_size(face.description.get(), FinestUnitsPerEm * PANGO_SCALE);
-  const std::unique_ptr<PangoFont, TGObjectFree> loaded(
-      pango_context_load_font(fContext.get(), face.description.get()));
-  if (loaded) ReadTables(hb_font_get_face(pango_font_get_hb_font(loaded.get())), face);
+  face.font.reset(pango_context_load_font(fContext.get(), face.description.get()));
+  if (face.font) {
+    ReadTables(hb_font_get_face(pango_font_get_hb_font(face.font.get())), face);
+    face.plain = PlainCharacters(face.font.get());
+  }
   return face;
 }
 
@@ -173,6 +200,62 @@ TShapedLine TShaper::Shape(std::string_view text, const TFace& face) {
   shaped.width = LineWidth(shaped.line);
   shaped.pictures = HasPictures(shaped.line);
   return shaped;
+}
+
+bool TShaper::ShapePlain(std::string_view text, const TFace& face) {
+  const auto isPlain = [&face](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < face.plain.size() && face.plain[byte];
+  };
+  if (static_cast<double>(text.size()) * FinestUnitsPerEm > ByteUnits) return false;
+  if (!std::all_of(text.begin(), text.end(), isPlain)) return false;
+  const auto length = static_cast<int>(text.size());
+  hb_buffer_t* buffer = fBuffer.get();
+  hb_buffer_clear_contents(buffer);
+  hb_buffer_set_cluster_level(buffer, HB_BUFFER_CLUSTER_LEVEL_MONOTONE_CHARACTERS);
+  hb_buffer_set_flags(buffer, static_cast<hb_buffer_flags_t>(HB_BUFFER_FLAG_BOT | HB_BUFFER_FLAG_EOT));
+  hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
+  hb_buffer_set_script(buffer, PlainScript(text));
+  hb_buffer_set_language(buffer, fLanguage);
+  hb_buffer_add_utf8(buffer, text.data(), length, 0, length);
+  hb_shape(pango_font_get_hb_font(face.font.get()), buffer, nullptr, 0);
+  unsigned count = 0;
+  const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
+  const hb_glyph_position_t* places = hb_buffer_get_glyph_positions(buffer, &count);
+  constexpr double Em = FinestUnitsPerEm * PANGO_SCALE;
+  fGlyphs.unitsPerEm = FinestUnitsPerEm;
+  fGlyphs.runs.push_back({face.font.get(), 0, text.size(), 0, count});
+  for (unsigned i = 0; i < count; ++i) {
+    fGlyphs.glyphs.push_back({infos[i].codepoint, infos[i].cluster, places[i].x_advance / Em,
+                              places[i].x_offset / Em, places[i].y_offset / Em});
+    fGlyphs.width += places[i].x_advance / Em;
+  }
+  return true;
+}
+
+const TGlyphLine& TShaper::Glyphs(std::string_view text, const TFace& face) {
+  fGlyphs.runs.clear();
+  fGlyphs.glyphs.clear();
+  fGlyphs.width = 0;
+  if (ShapePlain(text, face)) return fGlyphs;
+  const TShapedLine shaped = Shape(text, face);
+  const double em = shaped.unitsPerEm * PANGO_SCALE;
+  for (const GSList* l = shaped.line->runs; l != nullptr; l = l->next) {
+    const auto* run = static_cast<const PangoLayoutRun*>(l->data);
+    const auto start = static_cast<std::size_t>(run->item->offset);
+    const PangoGlyphString& string = *run->glyphs;
+    fGlyphs.runs.push_back({run->item->analysis.font, start, static_cast<std::size_t>(run->item->length),
+                            fGlyphs.glyphs.size(), static_cast<std::size_t>(string.num_glyphs)});
+    for (int i = 0; i < string.num_glyphs; ++i) {
+      const PangoGlyphGeometry& place = string.glyphs[i].geometry;
+      fGlyphs.glyphs.push_back({string.glyphs[i].glyph,
+                                start + static_cast<std::size_t>(string.log_clusters[i]), place.width / em,
+                                place.x_offset / em, -place.y_offset / em});
+    }
+  }
+  fGlyphs.width = shaped.width / shaped.unitsPerEm;
+  fGlyphs.unitsPerEm = shaped.unitsPerEm;
+  return fGlyphs;
 }
 
 double TShaper::WidthInEm(std::string_view text, const TFace& face) {

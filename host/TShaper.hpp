@@ -1,8 +1,10 @@
 // What Pango does for the host. The one header of the folder with its types: only sources include it.
 #pragma once
 
+#include <hb.h>
 #include <pango/pangocairo.h>
 
+#include <bitset>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,6 +24,10 @@ struct TDescriptionFree {
   void operator()(PangoFontDescription* d) const { pango_font_description_free(d); }
 };
 
+struct TBufferFree {
+  void operator()(hb_buffer_t* buffer) const { hb_buffer_destroy(buffer); }
+};
+
 struct TTextHash {
   using is_transparent = void;
   std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
@@ -38,6 +44,12 @@ struct TFace {
   /// From the baseline up to the upper edge.
   double strikeout = 0;
   double strikeoutThickness = 0;
+  /// The font of the first choice at FinestUnitsPerEm, if there is one.
+  std::unique_ptr<PangoFont, TGObjectFree> font;
+  /// The ASCII characters that `font` shapes by itself, without a choice to be made; none when it may not.
+  std::bitset<128> plain;
+  /// Which face of all that this shaper ever found.
+  unsigned id = 0;
   /// Widths of texts that were measured, filled by the engine.
   std::unordered_map<std::string, double, TTextHash, std::equal_to<>> widths;
 };
@@ -51,6 +63,33 @@ struct TShapedLine {
   bool pictures = false;
 };
 
+/// A glyph on its line; lengths are parts of the em, y grows upwards.
+struct TPlacedGlyph {
+  unsigned glyph = 0;
+  /// Position of the first byte in the text that it shows; neighbours of the same position belong together.
+  std::size_t cluster = 0;
+  double advance = 0;
+  /// From the place that the advances before it lead to.
+  double x = 0, y = 0;
+};
+
+/// Neighbouring glyphs of one font, from left to right, that show a piece of the text.
+struct TGlyphRun {
+  PangoFont* font = nullptr;
+  std::size_t start = 0, length = 0;
+  std::size_t firstGlyph = 0, glyphs = 0;
+};
+
+/// A text in visual order as glyphs.
+struct TGlyphLine {
+  std::vector<TGlyphRun> runs;
+  std::vector<TPlacedGlyph> glyphs;
+  /// Part of the em.
+  double width = 0;
+  /// Size of the fonts in the runs.
+  double unitsPerEm = 1;
+};
+
 /// Finds faces and shapes texts, without hinting and rounding. Texts have to be clean (see CleanText).
 class TShaper {
  public:
@@ -60,6 +99,9 @@ class TShaper {
   TFace& Face(const TFontSpec& font);
   /// Valid until the next call; a text longer than any sheet is cut.
   TShapedLine Shape(std::string_view text, const TFace& face);
+  /// The glyphs of a text, the same that Shape gives to be painted; valid until the next call. Plain text
+  /// takes a shorter way.
+  const TGlyphLine& Glyphs(std::string_view text, const TFace& face);
   /// Width of a line of any length, as part of the em.
   double WidthInEm(std::string_view text, const TFace& face);
   /// Lines of one paragraph with the width limit `widthInEm`; widths as parts of the em.
@@ -89,7 +131,8 @@ class TShaper {
     }
   };
 
-  TFace LoadFace(const TFontSpec& font) const;
+  TFace LoadFace(const TFontSpec& font);
+  bool ShapePlain(std::string_view text, const TFace& face);
   double SetText(std::string_view text, const TFace& face);
 
   std::unique_ptr<PangoFontMap, TGObjectFree> fMap;
@@ -97,6 +140,10 @@ class TShaper {
   std::unique_ptr<PangoLayout, TGObjectFree> fLayout;
   std::unordered_map<TFaceKey, TFace, TFaceHash, TSameFace> fFaces;
   unsigned fGeneration = 0;
+  unsigned fLoaded = 0;
+  TGlyphLine fGlyphs;
+  std::unique_ptr<hb_buffer_t, TBufferFree> fBuffer;
+  hb_language_t fLanguage = nullptr;
 };
 
 /// `text` as the shaper takes it: valid UTF-8 without control characters. `buffer` holds the result when it

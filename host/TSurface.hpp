@@ -16,6 +16,8 @@
 
 namespace Zor::inline Host {
 
+class TCanvas;
+
 /// How an outline is drawn. A width of 0 or less draws nothing. Joins are mitred up to a limit of 4, as in
 /// SVG.
 struct TPen {
@@ -173,9 +175,8 @@ class TSurface {
              double opacity = 1.0);
 
  private:
-  struct TImpl;
-  explicit TSurface(std::unique_ptr<TImpl> impl);
-  std::unique_ptr<TImpl> fImpl;
+  explicit TSurface(std::unique_ptr<TCanvas> canvas);
+  std::unique_ptr<TCanvas> fCanvas;
 };
 
 }  // namespace Zor::inline Host
