@@ -56,7 +56,8 @@ TPdfStyle TPdfFonts::StyleOf(PangoFont* font) {
   hb_font_t* hbFont = pango_font_get_hb_font(font);
   hb_face_t* face = hb_font_get_face(hbFont);
   known.style.pictures = hb_ot_color_has_png(face) || hb_ot_color_has_layers(face);
-  if (!known.style.pictures && !IsVaried(hbFont)) known.style.font = FaceOf(hbFont);
+  known.style.font = FaceOf(hbFont);
+  known.style.drawn = known.style.pictures || known.style.font == nullptr || IsVaried(hbFont);
   ReadPattern(font, known.style);
   return known.style;
 }

@@ -14,8 +14,10 @@ namespace Zor::inline Host {
 
 /// How a font of Pango's comes into a PDF: as an embedded face, with what is done to its glyphs.
 struct TPdfStyle {
-  /// None where glyphs have to be drawn as outlines or pictures.
+  /// None where the face has no outlines that a PDF can hold.
   TPdfFont* font = nullptr;
+  /// The glyphs have to be drawn as outlines or pictures; the font can only carry invisible text.
+  bool drawn = false;
   /// Glyphs that are pictures.
   bool pictures = false;
   /// Strokes are added, since the family has no bold.

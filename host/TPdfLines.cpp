@@ -204,13 +204,13 @@ TPdfLine TPdfLines::Make(std::string_view text, const TFace& face) {
   return line;
 }
 
-/// Glyphs that cannot be embedded are drawn, and the text lies over them in the font of the first choice.
+/// Glyphs that cannot be embedded are drawn, and the text lies over them in any font that can.
 TPdfPiece TPdfLines::MakePiece(std::string_view text, const TFace& face, const TGlyphLine& line,
                                const TGlyphRun& run) {
   const auto glyphs = std::span(line.glyphs).subspan(run.firstGlyph, run.glyphs);
   TPdfPiece piece;
   piece.style = fFonts.StyleOf(run.font);
-  const bool drawn = piece.style.font == nullptr;
+  const bool drawn = piece.style.drawn;
   if (piece.style.pictures) {
     TGlyphPicture painted = PaintGlyphs(run.font, glyphs, line.unitsPerEm);
     piece.picture = std::move(painted.picture);
@@ -221,7 +221,7 @@ TPdfPiece TPdfLines::MakePiece(std::string_view text, const TFace& face, const T
       piece.outlines = GlyphOutlines(run.font, drawn ? glyphs : boxes, line.unitsPerEm);
     }
   }
-  if (drawn && face.font) piece.style = fFonts.StyleOf(face.font.get());
+  if (piece.style.font == nullptr && face.font) piece.style = fFonts.StyleOf(face.font.get());
   if (piece.style.font == nullptr) return piece;
   TShowing showing(piece.style, drawn);
   ForEachCluster(text, run, glyphs, [&showing](const TCluster& cluster) { showing.Add(cluster); });

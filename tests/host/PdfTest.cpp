@@ -371,20 +371,28 @@ TEST(Pdf, HostileNumbersStayNumbers) {
   }
 }
 
-#ifdef KALDRIX_CFF_FONT
-TEST(Pdf, FontsOfCubicOutlinesAreEmbedded) {
+#if defined(KALDRIX_CFF_FONT) && defined(KALDRIX_VARIABLE_FONT)
+TEST(Pdf, FontsOfOtherKindsShowAndTellTheSame) {
+  struct {
+    const char *family, *text, *embedded;
+    bool bold;
+  } const cases[] = {{"Loma", "\xE0\xB8\x99\xE0\xB9\x89\xE0\xB8\xB3 office", "CID Type 0C", false},
+                     {"Inter", "A variable font", "CID TrueType", false},
+                     // Another design than the font's first: drawn, with the text over it.
+                     {"Inter", "A variable font", "CID TrueType", true}};
   TFontEngine fonts;
-  TSurface raster = TSurface::MakeRaster(fonts, 60, 20, 200), pdf = TSurface::MakePdf(fonts, 60, 20);
-  const char* text = "\xE0\xB8\x99\xE0\xB9\x89\xE0\xB8\xB3 office";
-  for (TSurface* s : {&raster, &pdf})
-    s->Text(text, {5, 5}, TFontSpec{.name = "Loma", .heightMM = 8}, ColorBlack);
-  const std::string bytes = pdf.FinishPdf();
-  ExpectValid(bytes);
-  EXPECT_TRUE(Has(Ask("pdffonts %", bytes), "CID Type 0C")) << "a composite font of this kind";
-  EXPECT_EQ(TextOf(bytes), text);
-  const TRendered a = FromPng(PngBytes(raster.Raster()), 200), b = FromPdf(bytes, 200);
-  EXPECT_FALSE(b.Ink(0, 0, 60, 20).Empty());
-  EXPECT_LT(Strangers(a, b) + Strangers(b, a), 20);
+  for (const auto& c : cases) {
+    TSurface raster = TSurface::MakeRaster(fonts, 80, 20, 200), pdf = TSurface::MakePdf(fonts, 80, 20);
+    const TFontSpec font{.name = c.family, .bold = c.bold, .heightMM = 8};
+    for (TSurface* s : {&raster, &pdf}) s->Text(c.text, {5, 5}, font, ColorBlack);
+    const std::string bytes = pdf.FinishPdf(), listed = Ask("pdffonts %", bytes);
+    ExpectValid(bytes);
+    EXPECT_TRUE(Has(listed, c.embedded) && Has(listed, std::string("+") + c.family)) << listed;
+    EXPECT_EQ(TextOf(bytes), c.text);
+    const TRendered a = FromPng(PngBytes(raster.Raster()), 200), b = FromPdf(bytes, 200);
+    EXPECT_FALSE(b.Ink(0, 0, 80, 20).Empty());
+    EXPECT_LT(Strangers(a, b) + Strangers(b, a), 20) << c.family;
+  }
 }
 #endif
 
