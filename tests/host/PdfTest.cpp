@@ -184,6 +184,26 @@ TEST(Pdf, ShowsWhatTheRasterShows) {
   EXPECT_LT(Strangers(b, a), 150);
 }
 
+/// Whether bars lie on a grid of modules or not, their edges are where they were asked for.
+TEST(Pdf, BarsKeepTheirPlaces) {
+  constexpr double Dpi = 1270, Pixel = 25.4 / Dpi;
+  TFontEngine fonts;
+  for (const double jitter : {0.0, 0.005, 0.03, 0.13}) {
+    std::vector<TBar> bars;
+    for (int i = 0; i < 20; ++i) bars.push_back({1 + i + jitter * (i % 3), 0.2, 0.5 + jitter * (i % 2), 1});
+    TSurface pdf = TSurface::MakePdf(fonts, 24, 2);
+    pdf.FillBars(bars, ColorBlack);
+    const TRendered seen = FromPdf(pdf.FinishPdf(), Dpi);
+    for (const TBar& bar : bars) {
+      const TInkBox ink = seen.Ink(bar.x - 0.05, 0, bar.width + 0.1, 2);
+      EXPECT_NEAR(ink.left, bar.x, 1.5 * Pixel) << jitter;
+      EXPECT_NEAR(ink.right, bar.x + bar.width, 1.5 * Pixel) << jitter;
+      EXPECT_NEAR(ink.top, 0.2, 1.5 * Pixel) << jitter;
+      EXPECT_NEAR(ink.bottom, 1.2, 1.5 * Pixel) << jitter;
+    }
+  }
+}
+
 // ---- Text ----
 
 /// The text of a PDF in one line, without the marks of direction that pdftotext adds.
