@@ -22,7 +22,7 @@ class TKDXDiagramModel {
 
   /// What all edges together may take. Joining two groups of nodes makes an edge for each pair, so a short
   /// text could fill any memory.
-  static constexpr std::size_t MostEdgeBytes = std::size_t{256} << 20;
+  static constexpr std::size_t MostEdgeBytes = std::size_t{64} << 20;
 
   // Queries
   TZORDiagramKind GetKind() const { return fKind; }

@@ -50,10 +50,11 @@ class TMessageLine {
     rest.remove_prefix(dotted ? 2 : 1);
     for (const TArrowHead& head : ArrowHeads) {
       if (!rest.starts_with(head.head)) continue;
+      if (!ReadReceiver(WithoutSpaceBefore(rest.substr(head.head.size())), aEvent)) return false;
+      aEvent.FromActor = fLine.substr(0, aSenderEnd);
       aEvent.Dotted = dotted;
       aEvent.Arrow = head.arrow;
-      aEvent.FromActor = fLine.substr(0, aSenderEnd);
-      return ReadReceiver(WithoutSpaceBefore(rest.substr(head.head.size())), aEvent);
+      return true;
     }
     return false;
   }
