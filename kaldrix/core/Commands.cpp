@@ -104,14 +104,19 @@ std::span<const TAccess<Single>> TFloatTraits::Table() { return FloatTable; }
 
 // TKDXCmd --------------------------------------------------
 
-TKDXCmd::TKDXCmd(int aKind, const TKDXBaseItem& aReceiver, int aIndex)
+TKDXCmd::TKDXCmd(int aKind, TKDXBaseItem& aReceiver, int aIndex)
     : fDocument(&aReceiver.Document()),
       fKind(aKind),
       fIndex(aIndex),
       fUndRedID(aReceiver.Document().UnReID()),
-      fID(aReceiver.fInID) {}
+      fID(aReceiver.fInID),
+      fItem(&aReceiver),
+      fGoneItems(aReceiver.Document().GoneItems()) {}
 
-TKDXBaseItem* TKDXCmd::Receiver() const { return fDocument->SearchItem(fID, false); }
+TKDXBaseItem* TKDXCmd::Receiver() const {
+  if (fGoneItems == fDocument->GoneItems() && fItem->fInID == fID) return fItem;
+  return fDocument->SearchItem(fID, false);
+}
 
 bool TKDXCmd::CheckLastProp(int aKind, const TKDXBaseItem& aReceiver, int aIndex) {
   const TKDXCmd* top = aReceiver.Document().ActiveStack().Top();
@@ -168,12 +173,14 @@ void TKDXCreateCmd::Redo() {
 
 // TKDXDeleteCmd --------------------------------------------------
 
-TKDXDeleteCmd::TKDXDeleteCmd(const TKDXBaseItem& aItem) : TKDXCmd(Kind, aItem, 0) {
-  constexpr std::size_t usualRecord = 120;  // Most records fit, and then take memory once.
-  fStream.reserve(usualRecord);
-  TBinaryWriter writer(fStream);
+TKDXDeleteCmd::TKDXDeleteCmd(TKDXBaseItem& aItem) : TKDXCmd(Kind, aItem, 0) {
+  // Written aside, so that the command takes no more memory than the record has.
+  thread_local std::string record;
+  record.clear();
+  TBinaryWriter writer(record);
   writer.WriteInt32(FormatVersion);
   aItem.WriteData(writer);
+  fStream = record;
 }
 
 void TKDXDeleteCmd::AddCommand(TKDXBaseItem& aItem) {
@@ -196,7 +203,7 @@ void TKDXDeleteCmd::Redo() {
 
 // TKDXPosCmd --------------------------------------------------
 
-TKDXPosCmd::TKDXPosCmd(const TKDXBaseItem& aItem, int aIndex, TZORPosType aPosType)
+TKDXPosCmd::TKDXPosCmd(TKDXBaseItem& aItem, int aIndex, TZORPosType aPosType)
     : TKDXCmd(Kind, aItem, aIndex),
       fValue(aPosType == ptX ? aItem.GetPointX(aIndex) : aItem.GetPointY(aIndex)),
       fPosType(aPosType) {}
@@ -218,7 +225,7 @@ void TKDXPosCmd::RestoreState() {
 
 // TKDXBasePosCmd --------------------------------------------------
 
-TKDXBasePosCmd::TKDXBasePosCmd(const TKDXBaseItem& aItem, int aIndex)
+TKDXBasePosCmd::TKDXBasePosCmd(TKDXBaseItem& aItem, int aIndex)
     : TKDXCmd(Kind, aItem, aIndex), fPoint(aItem.GetPoint(aIndex)) {}
 
 void TKDXBasePosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex) {
@@ -235,10 +242,10 @@ void TKDXBasePosCmd::RestoreState() {
 
 // TKDXElePosCmd --------------------------------------------------
 
-TKDXElePosCmd::TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex)
+TKDXElePosCmd::TKDXElePosCmd(TKDXBaseItem& aItem, int aIndex)
     : TKDXElePosCmd(aItem, aIndex, TZORPtoA(aItem.fPoints)) {}
 
-TKDXElePosCmd::TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex, TZORPtoA aPoints)
+TKDXElePosCmd::TKDXElePosCmd(TKDXBaseItem& aItem, int aIndex, TZORPtoA aPoints)
     : TKDXCmd(Kind, aItem, aIndex), fPoints(std::move(aPoints)) {}
 
 void TKDXElePosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex) {

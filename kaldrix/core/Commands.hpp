@@ -36,8 +36,13 @@ class TKDXCmd {
   const int fUndRedID;  ///< group number
   int fID;              ///< identity of the item
 
+ private:
+  // While no item of the document goes, the item stands where it stood.
+  TKDXBaseItem* const fItem;
+  const unsigned fGoneItems;
+
  protected:
-  TKDXCmd(int aKind, const TKDXBaseItem& aReceiver, int aIndex);
+  TKDXCmd(int aKind, TKDXBaseItem& aReceiver, int aIndex);
 
   static bool IsRecording(const TKDXBaseItem& aItem);
   /// Puts a new command on the active stack and tells the host.
@@ -133,7 +138,7 @@ class TKDXCreateCmd final : public TKDXCmd {
   void Redo() override;
 
  private:
-  explicit TKDXCreateCmd(const TKDXBaseItem& aItem) : TKDXCmd(Kind, aItem, 0) {}
+  explicit TKDXCreateCmd(TKDXBaseItem& aItem) : TKDXCmd(Kind, aItem, 0) {}
   void DeleteReceiver();
 };
 
@@ -147,7 +152,7 @@ class TKDXDeleteCmd final : public TKDXCmd {
   void Redo() override;
 
  private:
-  explicit TKDXDeleteCmd(const TKDXBaseItem& aItem);
+  explicit TKDXDeleteCmd(TKDXBaseItem& aItem);
 
   std::string fStream;  ///< format version, then the item's record
 };
@@ -161,7 +166,7 @@ class TKDXPosCmd final : public TKDXCmd {
   void RestoreState() override;
 
  private:
-  TKDXPosCmd(const TKDXBaseItem& aItem, int aIndex, TZORPosType aPosType);
+  TKDXPosCmd(TKDXBaseItem& aItem, int aIndex, TZORPosType aPosType);
 
   Single fValue;
   TZORPosType fPosType;
@@ -176,7 +181,7 @@ class TKDXBasePosCmd final : public TKDXCmd {
   void RestoreState() override;
 
  private:
-  TKDXBasePosCmd(const TKDXBaseItem& aItem, int aIndex);
+  TKDXBasePosCmd(TKDXBaseItem& aItem, int aIndex);
 
   TZORPto fPoint;
 };
@@ -189,8 +194,8 @@ class TKDXElePosCmd final : public TKDXCmd {
   void RestoreState() override;
 
  private:
-  TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex);
-  TKDXElePosCmd(const TKDXBaseItem& aItem, int aIndex, TZORPtoA aPoints);
+  TKDXElePosCmd(TKDXBaseItem& aItem, int aIndex);
+  TKDXElePosCmd(TKDXBaseItem& aItem, int aIndex, TZORPtoA aPoints);
 
   TZORPtoA fPoints;
 };

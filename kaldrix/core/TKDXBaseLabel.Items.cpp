@@ -25,6 +25,7 @@ void TKDXBaseLabel::Enlist(TKDXBaseItem& aItem, bool aPreview) {
 }
 
 void TKDXBaseLabel::Forget(TKDXBaseItem& aItem) {
+  ++fGoneItems;
   aItem.fListed = false;
   if (aItem.fPending) std::replace(fCalcs.begin(), fCalcs.end(), &aItem, static_cast<TKDXBaseItem*>(nullptr));
   if (aItem.fFromPreview) return fPreview.Extract(&aItem);
@@ -42,6 +43,7 @@ void TKDXBaseLabel::Free(TKDXBaseItem& aItem) {
 }
 
 void TKDXBaseLabel::FreeAll(TOwnedList<TKDXBaseItem>& aList) {
+  ++fGoneItems;
   if (&aList == &fItems) {
     fIndex.Clear();
     fCalcs.clear();
@@ -158,6 +160,7 @@ void TKDXBaseLabel::DeleteSelection() {
 
 void TKDXBaseLabel::FreeMany(const std::vector<TKDXBaseItem*>& aItems) {
   if (aItems.empty()) return;
+  ++fGoneItems;
   SweepItems(aItems.begin(), aItems.end(), [this](TKDXBaseItem* item) {
     item->fListed = false;
     fIndex.Remove(*item);

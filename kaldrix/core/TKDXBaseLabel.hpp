@@ -134,6 +134,8 @@ class TKDXBaseLabel : public TComponent {
   void SendToBack();
   void BringToFront();
   int NextID() { return fMaxID++; }
+  /// Grows whenever items leave the document, round and round.
+  unsigned GoneItems() const { return fGoneItems; }
   /// Gives an item a name without a check, command or report: for constructors and readers.
   void Rename(TKDXBaseItem& aItem, std::string aID) { ChangeIdentity(aItem, aItem.fInID, std::move(aID)); }
   /// Frees the symbols that no item uses, except the first.
@@ -505,6 +507,7 @@ class TKDXBaseLabel : public TComponent {
   void CheckNeedDrawUnits();
 
   TItemIndex fIndex;
+  unsigned fGoneItems = 0;
   mutable TNameFinder fCounterFinder;
   std::vector<TZOPageLabel> fPageLabels;
   int fWalkLabel = 0;       ///< the label that the walk stands on, 0 when that is not known
