@@ -70,7 +70,7 @@ class TMessageLine {
       return false;
     }
     aEvent.ToActor = aRest.substr(0, length);
-    aEvent.Text = CleanDiagramText(text.substr(1));
+    aEvent.Text = CleanDiagramText(WithoutSpaceBefore(text.substr(1)));
     return true;
   }
 

@@ -167,8 +167,8 @@ class TGantt {
     // A name has at least one character.
     const std::size_t colon = aText.find(':', 1);
     if (colon == std::string_view::npos) return;
-    const auto [name, metadata] = TrimmedSides(aText, colon, 1);
-    if (!metadata.empty()) AddTask(CleanDiagramText(name), metadata);
+    const std::string_view metadata = WithoutSpaces(aText.substr(colon + 1));
+    if (!metadata.empty()) AddTask(CleanDiagramText(WithoutSpaces(aText.substr(0, colon))), metadata);
   }
 
  private:

@@ -19,6 +19,7 @@ TEST(MermaidSequence, Messages) {
       {"A-)B: hi", "A -> B: hi"},
       {"A --) B : hi", "A --> B: hi"},
       {"A ->> B :", "A ->> B: "},
+      {"A->>B:\xC2\xA0hi", "A ->> B: hi"},
       {"A->>B: a<br/>b: \"c\"", "A ->> B: a/b: \"c\""},
       {"A->>B: \"quoted\"", "A ->> B: quoted"},
   };
