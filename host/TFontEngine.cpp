@@ -10,7 +10,7 @@ namespace Zor::inline Host {
 namespace {
 
 /// Texts that are kept, over all faces; then all are dropped.
-constexpr std::size_t MostWords = 65536;
+constexpr std::size_t MostWords = 8192;
 /// Longer texts are measured each time, so that what is kept stays below a few tens of megabytes.
 constexpr std::size_t LongestWord = 256;
 

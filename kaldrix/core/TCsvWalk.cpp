@@ -4,25 +4,24 @@
 
 #include "kaldrix/core/DataText.hpp"
 #include "kaldrix/core/TKDXData.hpp"
-#include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/TextNumbers.hpp"
 
 namespace Zor::inline Base {
 
 TCsvWalk::TCsvWalk(const TKDXData& aData)
     : fData(aData),
-      fFile(aData.fCsvFileName, ReadFile(aData.fCsvFileName), aData.fCsvCode),
+      fFile(TCsvFile::Open(aData.fCsvFileName, aData.fCsvCode)),
       fHeader(aData.fCsvHeader ? 1 : 0) {
-  fFile.SetForm(aData.CsvForm());
-  fFile.GoTo(Position());
+  fFile->SetForm(aData.CsvForm());
+  fFile->GoTo(Position());
 }
 
-int TCsvWalk::Records() const { return std::max(fFile.LineCount() - fHeader, 0); }
+int TCsvWalk::Records() const { return std::max(fFile->LineCount() - fHeader, 0); }
 
 bool TCsvWalk::GoTo(int aRecord) {
   if (aRecord < 1 || aRecord > Records()) return false;
   fRecord = aRecord;
-  fFile.GoTo(Position());
+  fFile->GoTo(Position());
   return true;
 }
 
@@ -31,19 +30,19 @@ bool TCsvWalk::TakeRepeat(const std::string& aField) {
   return fRepeat >= 0;
 }
 
-Int64 TCsvWalk::Repeat() const { return TextToWhole(fFile.RawColumn(Position(), fRepeat)).value_or(1); }
+Int64 TCsvWalk::Repeat() const { return TextToWhole(fFile->RawColumn(Position(), fRepeat)).value_or(1); }
 
 std::string TCsvWalk::Value(const std::string& aField, const std::string& aFormat) const {
   if (Records() == 0) return {};
   const int column = fData.GetCsvPos(aField);
   if (column < 0) return aFormat.empty() ? aField : std::string();
-  return ColumnText(fFile.Column(column), aFormat);
+  return ColumnText(fFile->Column(column), aFormat);
 }
 
 std::vector<std::string> TCsvWalk::Told(const std::vector<TCsvProblem>& aProblems) const {
   std::vector<std::string> lines;
   for (const TCsvProblem& problem : aProblems) {
-    std::string line = fFile.Name() + ":" + std::to_string(problem.line) + ": ";
+    std::string line = fFile->Name() + ":" + std::to_string(problem.line) + ": ";
     if (problem.column > 0) line += "column " + std::to_string(problem.column) + ": ";
     lines.push_back(line + problem.what);
   }
@@ -53,14 +52,14 @@ std::vector<std::string> TCsvWalk::Told(const std::vector<TCsvProblem>& aProblem
 std::vector<std::string> TCsvWalk::RecordProblems() const {
   const TKDXDatasetItem* source = fData.GetDataset(fData.fDataSel);
   return Records() == 0 ? std::vector<std::string>()
-                        : Told(fFile.Problems(source == nullptr ? 0 : source->fFields.Count()));
+                        : Told(fFile->Problems(source == nullptr ? 0 : source->fFields.Count()));
 }
 
 std::vector<std::string> TCsvWalk::HeaderProblems() {
-  if (fHeader == 0 || fFile.LineCount() == 0) return {};
-  fFile.GoTo(1);
-  const std::vector<std::string> problems = Told(fFile.HeaderProblems());
-  fFile.GoTo(Position());
+  if (fHeader == 0 || fFile->LineCount() == 0) return {};
+  fFile->GoTo(1);
+  const std::vector<std::string> problems = Told(fFile->HeaderProblems());
+  fFile->GoTo(Position());
   return problems;
 }
 

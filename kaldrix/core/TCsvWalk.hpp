@@ -29,7 +29,7 @@ class TCsvWalk final : public TSourceWalk {
   std::vector<std::string> Told(const std::vector<TCsvProblem>& aProblems) const;
 
   const TKDXData& fData;
-  TCsvFile fFile;
+  std::unique_ptr<TCsvFile> fFile;
   int fHeader;  ///< lines in front of the first record: 0 or 1
   int fRecord = 1;
   int fRepeat = -1;  ///< column, 0-based

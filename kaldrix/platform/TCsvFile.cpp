@@ -50,7 +50,8 @@ std::string Quoted(std::string_view aText) { return "\"" + std::string(aText) + 
 // Reading ---------------------------------------------------------------------------------
 
 std::unique_ptr<TCsvFile> TCsvFile::Open(const std::string& aFileName, TTextCode aCode) {
-  return std::make_unique<TCsvFile>(aFileName, ReadFile(aFileName), aCode);
+  if (aCode == tcUtf16) return std::make_unique<TCsvFile>(aFileName, ReadFile(aFileName), aCode);
+  return std::unique_ptr<TCsvFile>(new TCsvFile(aFileName, TFileWindow::Open(aFileName), aCode));
 }
 
 std::unique_ptr<TCsvFile> TCsvFile::OpenFirstLine(const std::string& aFileName, TTextCode aCode) {
@@ -71,37 +72,55 @@ std::unique_ptr<TCsvFile> TCsvFile::OpenFirstLine(const std::string& aFileName, 
 }
 
 TCsvFile::TCsvFile(std::string aName, std::string aBytes, TTextCode aCode)
-    : fName(std::move(aName)), fBytes(aCode == tcUtf16 ? Utf16ToUtf8(aBytes) : std::move(aBytes)) {
-  fUtf8 = aCode != tcByMark || fBytes.starts_with(Utf8::ByteOrderMark);
+    : TCsvFile(std::move(aName), TFileWindow(aCode == tcUtf16 ? Utf16ToUtf8(aBytes) : std::move(aBytes)),
+               aCode) {}
+
+TCsvFile::TCsvFile(std::string aName, TFileWindow aText, TTextCode aCode)
+    : fName(std::move(aName)), fText(std::move(aText)) {
+  const std::size_t mark = std::min(fText.Size(), Utf8::ByteOrderMark.size());
+  const bool marked = fText.View(0, mark) == Utf8::ByteOrderMark;
+  fUtf8 = aCode != tcByMark || marked;
+  fFirst = fUtf8 && marked ? mark : 0;
   FindLines();
 }
 
+template <class TVisit>
+void TCsvFile::VisitStarts(TVisit aVisit) const {
+  bool begins = true;        // A line begins at the next byte,
+  bool afterReturn = false;  // unless that is the second half of the end of the last one.
+  for (std::size_t from = fFirst; from < fText.Size(); from += TFileWindow::Step) {
+    const std::string_view chunk = fText.View(from, std::min(fText.Size(), from + TFileWindow::Step));
+    std::size_t at = 0;
+    while (at < chunk.size()) {
+      if (begins && !(afterReturn && chunk[at] == '\n')) {
+        aVisit(from + at);
+        begins = false;
+      }
+      if (!begins) at = std::min(chunk.find_first_of(LineEnds, at), chunk.size());
+      if (at == chunk.size()) break;
+      begins = true;
+      afterReturn = chunk[at] == '\r';
+      ++at;
+    }
+  }
+}
+
 void TCsvFile::FindLines() {
-  const char* const begin = fBytes.data();
-  const char* const end = begin + fBytes.size();
-  const char* const first = begin + (fUtf8 && fBytes.starts_with(Utf8::ByteOrderMark) ? 3 : 0);
-  const auto behindLine = [end](const char* p) {
-    while (p != end && *p != '\n' && *p != '\r') ++p;
-    if (p != end) p += p[0] == '\r' && p + 1 != end && p[1] == '\n' ? 2 : 1;
-    return p;
-  };
   // Counted first, so that the offsets take no more room than they need.
   std::size_t count = 0;
-  for (const char* p = first; p != end; p = behindLine(p)) ++count;
+  VisitStarts([&](std::size_t) { ++count; });
   if (count > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
     throw EStreamError(fName + ": there are too many lines");
   }
   fStarts.reserve(count);
-  for (const char* p = first; p != end; p = behindLine(p)) {
-    fStarts.push_back(static_cast<std::size_t>(p - begin));
-  }
+  VisitStarts([&](std::size_t start) { fStarts.push_back(start); });
 }
 
 std::string_view TCsvFile::Line(int aLine) const {
   if (aLine < 1 || aLine > LineCount()) return {};
   const auto index = static_cast<std::size_t>(aLine - 1);
-  const std::size_t end = index + 1 < fStarts.size() ? fStarts[index + 1] : fBytes.size();
-  std::string_view line = std::string_view(fBytes).substr(fStarts[index], end - fStarts[index]);
+  const std::size_t end = index + 1 < fStarts.size() ? fStarts[index + 1] : fText.Size();
+  std::string_view line = fText.View(fStarts[index], end);
   if (line.ends_with('\n')) line.remove_suffix(1);
   if (line.ends_with('\r')) line.remove_suffix(1);
   return line;
@@ -144,11 +163,12 @@ bool TCsvFile::TakeColumn(std::string_view& aRest, TColumn& aColumn) const {
 }
 
 void TCsvFile::Cut() const {
-  if (fCut) return;
+  if (fCut && fCutMoves == fText.Moves()) return;
   fCut = true;
   fTooMany = false;
   fColumns.clear();
   std::string_view rest = Line(fCurrent);
+  fCutMoves = fText.Moves();
   if (rest.empty()) return;
   TColumn column;
   bool more = true;

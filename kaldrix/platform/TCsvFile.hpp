@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "kaldrix/platform/TFileWindow.hpp"
+
 namespace Zor {
 
 /// In which code the bytes of a text file stand.
@@ -29,8 +31,10 @@ struct TCsvProblem {
   std::string what;
 };
 
-/// The lines of a text file of columns. The file is held once, as it stands on the disk (UTF-16 turned into
-/// UTF-8), with an offset for each line; only the current line is cut, and only when a column is asked for.
+/// The lines of a text file of columns. Of a file only a window stands in memory (of one in UTF-16 all,
+/// turned into UTF-8), with an offset for each line; only the current line is cut, and only when a column is
+/// asked for. What is told as a view holds until the next line is looked at. A file must not change
+/// meanwhile: EStreamError.
 ///
 /// Lines end with CR LF, LF or CR; quotes do not reach over them. Only the delimiter separates; blanks belong
 /// to the columns. A column that begins with the quote reaches to the next single quote, a doubled one stands
@@ -78,7 +82,12 @@ class TCsvFile {
     bool unclosed = false;
   };
 
+  TCsvFile(std::string aName, TFileWindow aText, TTextCode aCode);
+
   void FindLines();
+  /// Calls `aVisit` with the place where each line begins.
+  template <class TVisit>
+  void VisitStarts(TVisit aVisit) const;
   void Cut() const;
   /// Takes the first column off the rest of a line; false when it was the last.
   bool TakeColumn(std::string_view& aRest, TColumn& aColumn) const;
@@ -87,12 +96,14 @@ class TCsvFile {
   std::string Text(const TColumn& aColumn) const;
 
   std::string fName;
-  std::string fBytes;
+  TFileWindow fText;
   bool fUtf8 = false;
+  std::size_t fFirst = 0;  ///< where the first line begins, behind a mark
   std::vector<std::size_t> fStarts;
   TCsvForm fForm;
   int fCurrent = 0;
   mutable bool fCut = false;
+  mutable unsigned fCutMoves = 0;  ///< of fText, when the line was cut
   mutable bool fTooMany = false;
   mutable std::vector<TColumn> fColumns;
 };

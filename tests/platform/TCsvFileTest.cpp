@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/TCsvFile.hpp"
 #include "kaldrix/platform/TextNumbers.hpp"
 
@@ -172,6 +175,43 @@ TEST(TextNumbers, TakeWholeTextsOnly) {
   EXPECT_FALSE(TextToWhole("1.0"));
   EXPECT_EQ(HeldWhole(1e300), INT32_MAX);
   EXPECT_EQ(HeldWhole(-2.9), -2);
+}
+
+TEST(TCsvFile, ALargeFileReadsAsItsBytesDo) {
+  const std::string name = testing::TempDir() + "large.csv";
+  std::string bytes = "\xEF\xBB\xBF";
+  constexpr const char* ends[] = {"\r\n", "\n", "\r"};
+  // Lines of all lengths, so that ends lie at every place of a window; one is longer than a window.
+  for (int i = 0; i < 20000; ++i) {
+    bytes += std::to_string(i) + ";" + std::string(static_cast<std::size_t>(i % 37), 'x') + ends[i % 3];
+    if (i == 9000) bytes += "long;" + std::string(3 * TFileWindow::Step, 'y') + "\n";
+  }
+  WriteFileAtomically(name, bytes);
+  const std::unique_ptr<TCsvFile> file = TCsvFile::Open(name);
+  TCsvFile expected("f", bytes);
+  ASSERT_EQ(file->LineCount(), expected.LineCount());
+  for (int line = 1; line <= file->LineCount(); ++line)
+    ASSERT_EQ(file->Line(line), expected.Line(line)) << line;
+  for (int line = 1; line < file->LineCount(); line += 997) {
+    file->GoTo(line);
+    expected.GoTo(line);
+    EXPECT_EQ(file->Column(1), expected.Column(1));
+    EXPECT_EQ(file->RawColumn(file->LineCount() - line, 0), expected.RawColumn(file->LineCount() - line, 0));
+    EXPECT_EQ(file->Column(0), expected.Column(0));
+  }
+  WriteFileAtomically(name, bytes + "more");
+  EXPECT_EQ(file->Line(1), "0;") << "what replaced the file is another one";
+  DeleteFile(name);
+}
+
+TEST(TCsvFile, AFileThatShrinksIsNoticed) {
+  const std::string name = testing::TempDir() + "shrinks.csv";
+  WriteFileAtomically(name, std::string(4 * TFileWindow::Step, 'a') + "\nend\n");
+  const std::unique_ptr<TCsvFile> file = TCsvFile::Open(name);
+  EXPECT_EQ(file->Line(2), "end");
+  std::ofstream(name, std::ios::trunc) << "short";
+  EXPECT_THROW(file->Line(1), EStreamError);
+  DeleteFile(name);
 }
 
 }  // namespace
