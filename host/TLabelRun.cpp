@@ -9,10 +9,17 @@
 namespace Zor::inline Host {
 
 TLabelRun::TLabelRun(TKDXLabel& aDocument) : fDocument(aDocument) {
-  CheckBindings();
   fDocument.CheckPrintData();
   fLabels = fLast = fDocument.fPrintInfo->fLabelsToPrint;
 }
+
+namespace {
+
+std::string SourceName(const TKDXData& aData) {
+  return aData.fType == dtyCsv ? aData.fCsvFileName : aData.fDataSel;
+}
+
+}  // namespace
 
 void TLabelRun::CheckBindings() const {
   std::string problems;
@@ -24,6 +31,11 @@ void TLabelRun::CheckBindings() const {
       problems += "\n  " + item->fID + ": there is no " + missing + " '" + bound->FillName() + "'";
   }
   if (!problems.empty()) throw Exception("Items of this print:" + problems);
+  const TKDXData& data = *fDocument.fData;
+  if (!data.fLinkData || data.fType == dtyNone || data.fNumlabels > 0) return;
+  if (data.Records() == 0) throw Exception(SourceName(data) + ": there are no records in it");
+  throw Exception(SourceName(data) + ": no record gives a label: " + data.fFieldRepeat +
+                  " is 0 in all of them");
 }
 
 std::string TLabelRun::MissingBinding(TZORFillType aFill, const std::string& aName) const {

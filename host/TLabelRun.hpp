@@ -15,9 +15,12 @@ namespace Zor::inline Host {
 class TLabelRun {
  public:
   /// Plans the print; questions and lists in use are active from then on (see RunAnswers.hpp). Raises what
-  /// the source raises, and Exception that names every item whose field, counter, list or question there is
-  /// not.
+  /// the source raises.
   explicit TLabelRun(TKDXLabel& aDocument);
+
+  /// Raises Exception that names every item whose field, counter, list or question there is not, or a source
+  /// that gives no label.
+  void CheckBindings() const;
 
   /// Labels of the whole run.
   int Labels() const { return fLabels; }
@@ -38,7 +41,6 @@ class TLabelRun {
   const std::vector<TRunLabel>& Sheet() const { return fSheet; }
 
  private:
-  void CheckBindings() const;
   std::string MissingBinding(TZORFillType aFill, const std::string& aName) const;
   void TakeSheet(int aPage);
 

@@ -8,7 +8,9 @@
 #include "kaldrix/items/ZOR.Barcode.hpp"
 #include "kaldrix/platform/Ansi.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/Utf8.hpp"
 #include "kaldrix/types/BarTypeNames.hpp"
+#include "kaldrix/utils/TBarcode.hpp"
 
 namespace Zor::Program {
 
@@ -32,6 +34,26 @@ std::vector<std::string> TypeWords() {
   for (const TBarTypeName& row : BarTypeNames) words.emplace_back(row.word);
   for (const TMatrixType& row : MatrixTypes) words.emplace_back(row.word);
   return words;
+}
+
+/// The UPC-A code, without check digit, that the first seven digits of a UPC-E code stand for
+/// (ISO/IEC 15420, 4.3.3).
+std::string UpcAOf(const std::string& aCode) {
+  const char last = aCode[6];
+  if (last <= '2') return aCode.substr(0, 3) + last + "0000" + aCode.substr(3, 3);
+  if (last == '3') return aCode.substr(0, 4) + "00000" + aCode.substr(4, 2);
+  if (last == '4') return aCode.substr(0, 5) + "00000" + aCode.substr(5, 1);
+  return aCode.substr(0, 6) + "0000" + last;
+}
+
+/// An article number with its check digit, which the last digit of a full code has to be; empty for other
+/// symbologies and for shorter codes.
+std::string ArticleCode(const std::string& aCode, TZORBarType aType) {
+  if (aType != btEAN13 && aType != btEAN8 && aType != btUPCA && aType != btUPCE0) return {};
+  constexpr std::array<std::size_t, 4> lengths{13, 8, 12, 8};  // by ordinal
+  if (aCode.size() != lengths[aType]) return {};
+  const std::string digits = aCode.substr(0, aCode.size() - 1);
+  return digits + TBarcode::CheckSumMod(aType == btUPCE0 ? UpcAOf(digits) : digits, ctMod10).DC;
 }
 
 /// The label becomes as large as the symbol with its quiet zone.
@@ -89,10 +111,29 @@ TKDXBaseItem& BarcodeCommand::MakeSymbol(TKDXLabel& aDocument, const std::string
 
 void BarcodeCommand::CheckHeld(const TKDXBaseItem& aItem, const std::string& aText) const {
   const std::string problem = aItem.ValueProblem();
-  if (!problem.empty()) throw Exception(fType + ": " + problem);
+  if (!problem.empty()) throw Exception(problem);
+  if (const auto* bars = dynamic_cast<const TKDXBaseBarcode*>(&aItem)) {
+    const std::string right = ArticleCode(aText, bars->fCodeType);
+    if (!right.empty() && right != aText)
+      throw Exception("the check digit of '" + aText + "' is wrong: it would be " + right);
+    // Its lower case would become upper case.
+    if (bars->fCodeType == btCODE39 && UpperCase(aText) != aText)
+      throw Exception("'" + aText + "' is no code of Code 39");
+  }
   // All but QR Code take a byte for a character.
   if (aItem.fItemType != itQRCode && ToUtf8(ToAnsi(aText)) != aText) {
-    throw Exception(fType + ": '" + aText + "' has characters that the symbol cannot hold");
+    throw Exception("'" + aText + "' has characters that the symbol cannot hold");
+  }
+}
+
+TKDXBaseItem& BarcodeCommand::MakeHeldSymbol(TKDXLabel& aDocument, const std::string& aText) const {
+  try {
+    TKDXBaseItem& item = MakeSymbol(aDocument, aText);
+    aDocument.CalcPending();
+    CheckHeld(item, aText);
+    return item;
+  } catch (const Exception& error) {
+    throw Exception(fType + ": " + error.what());
   }
 }
 
@@ -100,10 +141,10 @@ int BarcodeCommand::Run() const {
   TKDXLabel document;
   std::string text = fText == "-" ? ReadInput("-") : fText;
   if (fText == "-" && text.ends_with('\n')) text.pop_back();
-  TKDXBaseItem& item = MakeSymbol(document, text);
-  document.CalcPending();
-  CheckHeld(item, text);
-  FitLabel(document, item);
+  if (text.empty() || !Utf8::IsValid(text)) {
+    throw Exception(fType + ": there is no text" + (text.empty() ? "" : " in UTF-8"));
+  }
+  FitLabel(document, MakeHeldSymbol(document, text));
   TExportOptions options;
   options.dpi = fDpi;
   fOutput.Write(document, options);

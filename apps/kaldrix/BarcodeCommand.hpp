@@ -16,7 +16,9 @@ class BarcodeCommand final : public Command {
 
  private:
   TKDXBaseItem& MakeSymbol(TKDXLabel& aDocument, const std::string& aText) const;
-  /// Raises Exception when the symbol does not say all of the text.
+  /// Raises Exception that begins with the type when the text cannot be encoded.
+  TKDXBaseItem& MakeHeldSymbol(TKDXLabel& aDocument, const std::string& aText) const;
+  /// Raises Exception when the symbol does not say all of the text, or could not be read.
   void CheckHeld(const TKDXBaseItem& aItem, const std::string& aText) const;
   template <class TItem>
   TItem& Make(TKDXLabel& aDocument, TZORItemType aType) const;

@@ -1,6 +1,7 @@
 #include "apps/kaldrix/PrintCommand.hpp"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <iostream>
@@ -54,7 +55,7 @@ std::optional<TRange> RangeOf(std::string_view aText, int aEnd) {
   TRange range;
   range.first = number(aText.substr(0, dash));
   range.last = dash == std::string_view::npos ? range.first
-               : dash + 1 == aText.size()     ? aEnd
+               : dash + 1 == aText.size()     ? std::max(aEnd, range.first)
                                               : number(aText.substr(dash + 1));
   if (range.first < 1 || range.last < range.first) return std::nullopt;
   return range;
@@ -176,6 +177,7 @@ void PrintCommand::SetUp(TLabelRun& aRun, TKDXLabel& aDocument) const {
     if (!fKeepGoing) throw Exception(problem);
     std::cerr << "kaldrix: " << problem << '\n';
   }
+  aRun.CheckBindings();
   const std::unique_ptr<TJsonBaseObject> answers =
       fAnswers.empty() ? std::make_unique<TJsonObject>() : TJsonBaseObject::Parse(ReadInput(fAnswers));
   if (answers == nullptr || !answers->IsObject())

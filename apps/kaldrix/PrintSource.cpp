@@ -8,6 +8,7 @@
 #include "apps/kaldrix/Streams.hpp"
 #include "host/TSqliteDataSet.hpp"
 #include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/CheckSum.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
@@ -82,6 +83,17 @@ std::string SeparatorProblem(const std::string& aWord) {
   return SeparatorOf(aWord) != scvNone ? "" : "tell ; , tab or blank";
 }
 
+/// What is wrong with a JSON source that was refused: where it is no JSON, or that it is no object.
+std::string JsonProblem(const std::string& aText, const Exception& aError) {
+  try {
+    const auto json = TJsonBaseObject::Parse(aText);
+    if (json != nullptr && json->IsObject()) return aError.what();
+    return "the records have to be an array in an object: {\"records\": [...]}";
+  } catch (const Exception& error) {
+    return error.what();
+  }
+}
+
 }  // namespace
 
 void PrintSource::AddOptions(CLI::App& aOptions) {
@@ -139,7 +151,7 @@ void PrintSource::AttachJson(TKDXLabel& aDocument) const {
   try {
     aDocument.fData->SetJson(text);
   } catch (const Exception& error) {
-    throw Exception(fJson + ": " + error.what());
+    throw Exception(fJson + ": " + JsonProblem(text, error));
   }
   Select(aDocument, dtyJson, fJson);
 }

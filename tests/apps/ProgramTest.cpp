@@ -1,49 +1,13 @@
 // The program as a person runs it: exit status, messages, files.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <array>
-#include <cstdio>
-#include <cstdlib>
-
+#include "apps/Program.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/Files.hpp"
 
 namespace Zor {
 namespace {
 
-struct TOutcome {
-  int status;
-  std::string text;  ///< standard output and error together
-};
-
-TOutcome Shell(const std::string& aCommand) {
-  std::FILE* pipe = popen((aCommand + " 2>&1").c_str(), "r");
-  std::string text;
-  std::array<char, 4096> buffer;
-  while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe))
-    text.append(buffer.data(), count);
-  return {WEXITSTATUS(pclose(pipe)), text};
-}
-
-TOutcome Kaldrix(const std::string& aArguments) { return Shell(KALDRIX_PROGRAM " " + aArguments); }
-
-std::string Example(const std::string& aName) { return KALDRIX_SOURCE_DIR "/examples/" + aName; }
-
 constexpr const char* Examples[] = {"price-label", "badges",      "floor-plan",
                                     "pictogram",   "round-label", "shipping-label-inch"};
-
-class ProgramTest : public testing::Test {
- protected:
-  ProgramTest() {
-    std::string pattern = testing::TempDir() + "kaldrix-XXXXXX";
-    fFolder = mkdtemp(pattern.data());
-  }
-  ~ProgramTest() override { Shell("rm -r '" + fFolder + "'"); }
-  std::string File(const std::string& aName) const { return fFolder + "/" + aName; }
-
-  std::string fFolder;
-};
 
 TEST_F(ProgramTest, EveryExampleIsSoundAndExports) {
   for (const std::string name : Examples) {
