@@ -5,6 +5,7 @@
 
 #include "kaldrix/diagrams/DiagramText.hpp"
 #include "kaldrix/diagrams/TKDXMermaidParser.hpp"
+#include "kaldrix/diagrams/TKDXPlantUMLParser.hpp"
 #include "kaldrix/platform/TRegex.hpp"
 
 namespace Zor::inline Diagramparsers {
@@ -32,6 +33,7 @@ struct TReader {
 
 constexpr std::array Readers{
     TReader{dgMermaid, TKDXMermaidParser::Parse},
+    TReader{dgPlantUML, TKDXPlantUMLParser::Parse},
 };
 
 void RaiseFirstWarning(const TKDXDiagramModel& aModel) {
