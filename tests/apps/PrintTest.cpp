@@ -87,15 +87,16 @@ TEST_F(PrintTest, BadLinesAreNamed) {
 TEST_F(PrintTest, ALineOfAHundredMegabytesTakesBoundedTimeAndMemory) {
   {
     std::string bytes = std::string(Header) + "1;A;S;C;L\n";
-    bytes.append(100'000'000, 'x');
+    bytes.append(KALDRIX_SANITIZED ? 1'000'000 : 100'000'000, 'x');
     Write("long.csv", bytes + "\n");
   }
   ExpectFailure(Print("address-labels", "--csv " + File("long.csv")),
                 {"long.csv:3", "record 2", "1 columns where 5 belong"});
   rusage use{};
   getrusage(RUSAGE_CHILDREN, &use);
-  EXPECT_LT(use.ru_utime.tv_sec, 60);
-  EXPECT_LT(use.ru_maxrss, 1'500'000) << "KiB";
+  constexpr long mostSeconds = 60, mostKiB = 1'500'000;
+  EXPECT_LT(use.ru_utime.tv_sec, mostSeconds);
+  EXPECT_LT(use.ru_maxrss, mostKiB);
 }
 
 TEST_F(PrintTest, TextsInOtherCodesArePrinted) {
@@ -289,7 +290,7 @@ TEST_F(PrintTest, LabelsAreReprintedFromUnchangedDataOnly) {
 }
 
 TEST_F(PrintTest, AKilledRunGoesOn) {
-  const TOutcome done = Shell(KALDRIX_SOURCE_DIR "/scripts/kill-and-resume 4 " KALDRIX_PROGRAM);
+  const TOutcome done = Shell(KALDRIX_SOURCE_DIR "/scripts/kill-and-resume 3 " KALDRIX_PROGRAM);
   EXPECT_EQ(done.status, 0) << done.text;
 }
 
