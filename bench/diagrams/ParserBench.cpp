@@ -1,4 +1,4 @@
-// Reading Mermaid text of three sizes: the cost of a line at each size, and how it grows.
+// Reading Mermaid and PlantUML text of three sizes: the cost of a line at each size, and how it grows.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -69,6 +69,61 @@ std::string Gantt(int aLines) {
   return text;
 }
 
+/// Decisions, loops and actions, as an activity diagram nests them.
+std::string Activity(int aLines) {
+  constexpr std::array block{":Fetch part ", "while (More of part ", "if (Good, part ", ":Store part ",
+                             "else (no)",    ":Send back part ",     "endif",           "endwhile (done)",
+                             ":Report part "};
+  constexpr std::array ends{";", "?) is (yes)", "?) then (yes)", ";", "", ";", "", "", ";"};
+  std::string text = "@startuml\nstart\n";
+  for (int i = 2; i < aLines; ++i) {
+    const std::size_t row = static_cast<std::size_t>(i) % block.size();
+    text += std::string(row >= 2 && row <= 6 ? "  " : "") + block[row];
+    if (ends[row][0] != '\0') text += std::to_string(i) + ends[row];
+    text += "\n";
+  }
+  return text;
+}
+
+/// A sequence that no line tells at once: all are tried.
+std::string Messages(int aLines) {
+  std::string text = "@startuml\n";
+  for (int i = 1; i < aLines; ++i) {
+    text += "Actor" + std::to_string(i % 20) + " -> Actor" + std::to_string(i % 17) + " : message " +
+            std::to_string(i) + "\n";
+  }
+  return text;
+}
+
+/// Classes with members, and the relations between them.
+std::string Classes(int aLines) {
+  std::string text = "@startuml\n";
+  for (int i = 1; i < aLines; ++i) {
+    const std::string n = std::to_string(i);
+    switch (i % 6) {
+      case 0:
+        text += "class Part" + n + " {\n";
+        break;
+      case 1:
+        text += "  +name : string\n";
+        break;
+      case 2:
+        text += "  #weight() : number\n";
+        break;
+      case 3:
+        text += "}\n";
+        break;
+      case 4:
+        text += "Part" + std::to_string(i - 4) + " <|-- Part" + std::to_string(i / 12 * 6) + "\n";
+        break;
+      default:
+        text += "Part" + std::to_string(i - 5) + " o-- Store" + std::to_string(i % 40) + " : kept in\n";
+        break;
+    }
+  }
+  return text;
+}
+
 /// Nanoseconds per line, of the fastest run.
 double Cost(const std::string& aText, int aLines) {
   const int repeats = std::max(LinesPerRun / aLines, 1);
@@ -100,4 +155,7 @@ int main() {
   Measure("flowchart", Flowchart);
   Measure("sequence", Sequence);
   Measure("gantt", Gantt);
+  Measure("activity", Activity);
+  Measure("classes", Classes);
+  Measure("messages", Messages);
 }

@@ -59,10 +59,10 @@ TEST(PlantUmlBadInput, LongLinesAndManyLinesEndSoon) {
       ";",         "'s end", "v",   "\\n", "]",          "@start", "@",    "@startx", "\xF0\x9F\x92\xA1"};
   for (const char* start : Starts) {
     for (const char* piece : pieces) {
-      const std::string run = Repeated(piece, 1 << 17);
+      const std::string run = Repeated(piece, 1 << 16);
       ExpectSoon(start, run);
       std::string lines;
-      while (lines.size() < 1 << 17) lines += "a " + run.substr(0, 1000) + "!\n";
+      while (lines.size() < 1 << 16) lines += "a " + run.substr(0, 1000) + "!\n";
       ExpectSoon(start, lines);
     }
   }
@@ -109,7 +109,7 @@ TEST(PlantUmlBadInput, StatementsWithoutAnEndEndSoon) {
                                     "* <&",
                                     ":x",
                                     "attribute"};
-  const std::string blanks(1 << 17, ' ');
+  const std::string blanks(1 << 16, ' ');
   for (const char* start : Starts) {
     for (const char* statement : statements) ExpectSoon(start, statement + blanks + "x" + blanks + "?\n");
   }
@@ -166,7 +166,7 @@ TEST(PlantUmlBadInput, WhatMultipliesItselfStopsAtALimit) {
 
 TEST(PlantUmlBadInput, AnInvolvedLineIsReported) {
   TKDXDiagramModel model;
-  TKDXPlantUMLParser::Parse("start\nif (" + Repeated(")then(", 1 << 17) + "\n:a;", model);
+  TKDXPlantUMLParser::Parse("start\nif (" + Repeated(")then(", 1 << 16) + "\n:a;", model);
   EXPECT_EQ(DumpOf(model), "flowchart TD\nn1 [] Start\nn2 [a] Process\nn1 --> n2\n! 2 DIAGRAM_MATCH_LIMIT\n");
 }
 
