@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 
 #include "kaldrix/diagrams/DiagramRelation.hpp"
 #include "kaldrix/diagrams/PlantUMLLines.hpp"

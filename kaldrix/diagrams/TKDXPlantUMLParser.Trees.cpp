@@ -1,7 +1,7 @@
 // Trees: mind maps, data, folders.
 #include "kaldrix/diagrams/TKDXPlantUMLParser.hpp"
 
-#include <array>
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <unordered_map>
