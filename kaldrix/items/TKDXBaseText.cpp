@@ -7,6 +7,7 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/items/TextPlacement.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 
 namespace Zor::inline Text {
 
@@ -103,7 +104,12 @@ void TKDXBaseText::UpdateBinding() {
 
 void TKDXBaseText::FillData(bool aFirst) {
   if (!HasValue(*fOwner)) return;
-  fText = Value(*fOwner);
+  std::string value = Value(*fOwner);
+  if (value.size() > MostValue) {
+    throw EArgumentException("the value has " + std::to_string(value.size()) +
+                             " bytes, more than one text can show");
+  }
+  fText = std::move(value);
   if (aFirst) CalcValues(1);
 }
 

@@ -125,7 +125,9 @@ class TKDXBaseText : public TDataItem<TKDXBaseItem>,
   void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
                 bool attrID) const override;
   void UpdateBounds() override;
+  /// Raises EArgumentException for a value of more than MostValue bytes, which would take seconds to measure.
   void FillData(bool aFirst) override;
+  static constexpr std::size_t MostValue = std::size_t{1} << 20;
   void BoundsMove(Single& ax, Single& ay) const override;
   /// Intended: by the bounds, not by the points, since point 2 lies outside a text that is not left-aligned.
   void CheckBaseBoundsMove(Int64& ax, Int64& ay, TZORMoveOpt aMoveOp) const override;

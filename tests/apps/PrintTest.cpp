@@ -74,6 +74,7 @@ TEST_F(PrintTest, BadLinesAreNamed) {
       {"Number;Name;Street;City;City;Country\n1;A;S;C;D;L\n", {"bad.csv:1", "column 5", "\"City\""}},
       {"Number;Name;Street;City;City\n1;A;S;C;D\n", {"bad.csv:1", "column 5", "\"City\""}},
       {"Number;Name;Road;City;Country\n1;A;S;C;L\n", {"Text002", "no field 'Street'"}},
+      {good + "2;" + std::string(2'000'000, 'x') + ";S;C;L\n", {"record 2", "Text001", "2000000 bytes"}},
       {Header, {"bad.csv", "no records"}},
       {"", {"bad.csv", "no records"}},
   };
