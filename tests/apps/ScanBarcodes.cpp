@@ -3,8 +3,8 @@
 //   scan_barcodes [TEXTS [DRAWN [TYPE]]]
 //
 // TEXTS of each symbology as PNG (300 if not told), and DRAWN of them (30) as SVG, painted by Chromium, and
-// as PDF, painted by pdftoppm; of all types, or of those whose name begins with TYPE. Prints a table, what
-// was not read, and ends with 1 when there is anything.
+// as PDF, painted by pdftoppm; of all types, or of those that begin with TYPE, or of that row. Prints a
+// table, what was not read, and ends with 1 when there is anything.
 #include <iostream>
 
 #include "apps/Program.hpp"
@@ -35,6 +35,7 @@ enum TExpected {
   exPlainVowels,  ///< QR Code leaves the acute accents of vowels out
   exMarked,       ///< so it does here, and marks a text that is not Latin-1 with the signature bytes of UTF-8
   exCodabar,      ///< start and stop character around it
+  exEscaped,      ///< the text; PDF417 reads a backslash as an escape, so it is told twice
 };
 
 struct TScan {
@@ -78,12 +79,15 @@ constexpr TScan Scans[] = {
     {"QR Code, ASCII", "qr", Printable, 1, 400, 1, rdZbar, ""},
     {"QR Code, Latin-1", "qr", "", 1, 200, 1, rdZXing, "QRCode", exPlainVowels},
     {"QR Code, Unicode", "qr", "", 1, 100, 1, rdZXing, "QRCode", exMarked},
+    {"QR Code, versions 27 to 40", "qr", Printable, 1470, 2953, 1, rdZXing, "QRCode"},
     {"Data Matrix, digits", "datamatrix", Digits, 1, 600, 1, rdDmtx, ""},
     {"Data Matrix, ASCII", "datamatrix", Printable, 1, 300, 1, rdZXing, "DataMatrix"},
     {"Data Matrix, Windows-1252", "datamatrix", "", 1, 150, 1, rdDmtx, ""},
+    {"Data Matrix, large", "datamatrix", Printable, 300, 1500, 1, rdDmtx, ""},
     {"PDF417, digits", "pdf417", Digits, 1, 600, 1, rdZXing, "PDF417"},
     // Nothing but printable ASCII: the program refuses what the symbol would drop.
-    {"PDF417, ASCII", "pdf417", Printable, 1, 300, 1, rdZXing, "PDF417"},
+    {"PDF417, ASCII", "pdf417", Printable, 1, 300, 1, rdZXing, "PDF417", exEscaped},
+    {"PDF417, large", "pdf417", Printable, 300, 800, 1, rdZXing, "PDF417", exEscaped},
 };
 
 /// Characters beyond ASCII, of Latin-1 where a byte has to hold each.
@@ -118,6 +122,13 @@ class TScanner {
     return text;
   }
 
+  /// The text as the program is told it.
+  static std::string Told(const TScan& aScan, const std::string& aText) {
+    if (aScan.expected != exEscaped) return aText;
+    std::string told;
+    for (const char c : aText) told.append(c == '\\' ? 2 : 1, c);
+    return told;
+  }
   static std::string Expected(const TScan& aScan, const std::string& aText) {
     if (aScan.expected == exUpcE) return "0" + aText;
     if (!aScan.alphabet.empty()) return aText;
@@ -180,7 +191,7 @@ class TScanner {
   static std::string Made(TReaderRun& aRun, const TScan& aScan, const std::string& aText,
                           const std::string& aForm) {
     const std::string source = aRun.NewName(".txt"), made = aRun.NewName("." + aForm);
-    WriteFileAtomically(source, aText + "\n");
+    WriteFileAtomically(source, Told(aScan, aText) + "\n");
     const TOutcome done = Shell(std::string(KALDRIX_PROGRAM " barcode ") + aScan.type + " - --no-text " +
                                 aScan.options + " -o " + made + " <" + source);
     if (done.status != 0) return Failed(done.text);
@@ -260,7 +271,8 @@ int main(int argc, char** argv) {
   bool sound = true;
   const std::string_view type = argc > 3 ? argv[3] : "";
   for (const Zor::TScan& scan : Zor::Scans) {
-    if (std::string_view(scan.type).starts_with(type)) sound = scanner.Scan(scan) && sound;
+    const bool meant = std::string_view(scan.type).starts_with(type) || scan.name == type;
+    if (meant) sound = scanner.Scan(scan) && sound;
   }
   return sound ? 0 : 1;
 }
