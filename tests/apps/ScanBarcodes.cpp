@@ -5,6 +5,7 @@
 // TEXTS of each symbology as PNG (300 if not told), and DRAWN of them (30) as SVG, painted by Chromium, and
 // as PDF, painted by pdftoppm; of all types, or of those that begin with TYPE, or of that row. Prints a
 // table, what was not read, and ends with 1 when there is anything.
+#include <algorithm>
 #include <iostream>
 
 #include "apps/Program.hpp"
@@ -31,7 +32,8 @@ enum TExpected {
   exText,
   exCheckDigit,   ///< a check digit at the end, which the reader has verified
   exUpcE,         ///< zbarimg tells the EAN-13 that a UPC code stands for: a 0 in front
-  exNoBreak,      ///< Code 128 takes a space behind a character of the upper half for one of that half
+  exNoBreak,      ///< Code 128 takes a space behind a character of the upper half, or among nothing else,
+                  ///< for one of that half
   exPlainVowels,  ///< QR Code leaves the acute accents of vowels out
   exMarked,       ///< so it does here, and marks a text that is not Latin-1 with the signature bytes of UTF-8
   exCodabar,      ///< start and stop character around it
@@ -141,8 +143,10 @@ class TScanner {
     const bool held = ToUtf8(ToAnsi(text)) == text && text.find("€") == std::string::npos;
     if (aScan.expected == exMarked && !held) return "\xEF\xBB\xBF" + text;
     std::string bytes(ToAnsi(text).Bytes());
-    for (std::size_t i = 1; aScan.expected == exNoBreak && i < bytes.size(); ++i) {
-      if (bytes[i] == ' ' && (bytes[i - 1] & 0x80) != 0) bytes[i] = '\xA0';
+    const auto upper = [](char c) { return c == ' ' || (c & 0x80) != 0; };
+    const bool allUpper = std::all_of(bytes.begin(), bytes.end(), upper);
+    for (std::size_t i = 0; aScan.expected == exNoBreak && i < bytes.size(); ++i) {
+      if (bytes[i] == ' ' && (allUpper || (i > 0 && (bytes[i - 1] & 0x80) != 0))) bytes[i] = '\xA0';
     }
     return bytes;
   }
