@@ -1,5 +1,5 @@
-// What the layouts of diagrams take and give: boxes of known size and what joins them, without texts, fonts or
-// documents. All lengths are millimetres; y grows downward.
+// What the layouts of diagrams take and give: boxes of known size and what joins them, without texts, fonts
+// or documents. All lengths are millimetres; y grows downward.
 #pragma once
 
 #include <array>
@@ -46,6 +46,9 @@ struct TLayoutGraph {
   std::vector<TLayoutEdge> edges;
   bool leftRight = false;  ///< the main axis; else from the top down
 };
+
+/// The port of a side that stands closest to its middle. Raises EArgumentException for a side without ports.
+const TLayoutPort& MiddlePort(const TLayoutNode& aNode, TLayoutSide aSide);
 
 /// The road of an edge.
 struct TLayoutRoute {
