@@ -325,6 +325,15 @@ class TKDXBaseLabel : public TComponent {
   TUndoStack& ActiveStack() { return fUndoing ? fRedo : fUndo; }
   void FireUndoRedoEvent();
 
+  // Diagrams --------------------------------------------------
+
+  /// Draws the diagram of a Mermaid or PlantUML text with the registered loader; false without one, and when
+  /// it found nothing to draw. See ZORSetDiagramLoader.
+  bool LoadFromDiagramText(const std::string& aText, TZORDiagramFormat aFormat);
+  /// The same for a file in UTF-8 or, where it is not that, in Windows-1252. dgAuto looks at the extension
+  /// first. False for a missing file.
+  bool LoadFromDiagram(const std::string& aFilename, TZORDiagramFormat aFormat);
+
   // JSON --------------------------------------------------
 
   std::unique_ptr<TJsonObject> GetJson() const;

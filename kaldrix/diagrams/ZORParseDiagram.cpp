@@ -1,6 +1,5 @@
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
 
-#include <algorithm>
 #include <array>
 
 #include "kaldrix/diagrams/DiagramText.hpp"
@@ -14,17 +13,6 @@ namespace {
 
 constinit const TRegex StartTag(
     "@start(?:uml|mindmap|gantt|wbs|json|yaml|chronology|salt|ebnf|regex|files|ditaa|chen)\\b", rcIgnore);
-
-struct TExtension {
-  std::string_view extension;
-  TZORDiagramFormat format;
-};
-
-constexpr std::array Extensions{
-    TExtension{".mmd", dgMermaid},       TExtension{".mermaid", dgMermaid}, TExtension{".puml", dgPlantUML},
-    TExtension{".plantuml", dgPlantUML}, TExtension{".pu", dgPlantUML},     TExtension{".iuml", dgPlantUML},
-    TExtension{".wsd", dgPlantUML},
-};
 
 struct TReader {
   TZORDiagramFormat format;
@@ -49,15 +37,6 @@ void RaiseFirstWarning(const TKDXDiagramModel& aModel) {
 TZORDiagramFormat ZORDetectDiagramFormat(std::string_view aText) {
   std::string repaired;
   return StartTag.Matches(ValidDiagramText(aText, repaired)) ? dgPlantUML : dgMermaid;
-}
-
-TZORDiagramFormat ZORDiagramFormatFromExt(std::string_view aFileName) {
-  const std::size_t dot = aFileName.find_last_of("./\\");
-  if (dot == std::string_view::npos) return dgAuto;
-  const auto* found = std::find_if(Extensions.begin(), Extensions.end(), [&](const TExtension& e) {
-    return SameWord(aFileName.substr(dot), e.extension);
-  });
-  return found == Extensions.end() ? dgAuto : found->format;
 }
 
 std::unique_ptr<TKDXDiagramModel> ZORParseDiagram(std::string_view aText, TZORDiagramFormat aFormat,

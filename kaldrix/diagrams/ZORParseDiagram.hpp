@@ -5,13 +5,12 @@
 #include <string_view>
 
 #include "kaldrix/diagrams/TKDXDiagramModel.hpp"
+#include "kaldrix/utils/DiagramFormat.hpp"
 
 namespace Zor::inline Diagramparsers {
 
 /// dgPlantUML for a text with a PlantUML start tag anywhere and in any case, else dgMermaid.
 TZORDiagramFormat ZORDetectDiagramFormat(std::string_view aText);
-/// By the extension in any case; dgAuto for an unknown one.
-TZORDiagramFormat ZORDiagramFormatFromExt(std::string_view aFileName);
 
 /// Reads a diagram. A bad one raises nothing: what was not read is told by the diagnostics of the model.
 /// Bytes that are not UTF-8 become U+FFFD.
