@@ -39,10 +39,10 @@ struct TSceneLine {
   bool dotted = false;
 };
 
-/// Lines of text one below the other; each keeps its way from the top of the box.
+/// Lines of text, equally high, one below the other.
 struct TSceneText {
   TSceneBox box;
-  std::string text;
+  std::vector<std::string> lines;
   double fontHeight = 3;
   TZORHorzAlign align = haCenter;
   bool bold = false;
