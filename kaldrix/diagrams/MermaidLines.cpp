@@ -13,11 +13,6 @@ constinit const TRegex CleanTitleLine("^title\\s+(.+)$", rcIgnore);
 
 }  // namespace
 
-void ReportLimit(const TDiagramLine& aLine, TKDXDiagramModel& aModel) {
-  aModel.AddDiagnostic(dsWarning, aLine.Number, "DIAGRAM_MATCH_LIMIT",
-                       "The line is too involved to be read and was ignored.", aLine.Text);
-}
-
 bool ReadTitle(std::string_view aText, TKDXDiagramModel& aModel) {
   if (!StartsWithWord(aText, TitleWord) || !TitleLine.Matches(aText)) return false;
   aText.remove_prefix(TitleWord.size());
@@ -31,21 +26,6 @@ bool ReadCleanTitle(std::string_view aText, TKDXDiagramModel& aModel) {
   if (!StartsWithWord(aText, TitleWord) || !CleanTitleLine.Match(aText, match)) return false;
   aModel.fTitle = CleanDiagramText(match[1]);
   return true;
-}
-
-bool AddPlainEdge(TKDXDiagramModel& aModel, std::string_view aFrom, std::string_view aTo,
-                  std::string_view aText, bool aDotted) {
-  return aModel.AddEdge(aFrom, aTo, aText, aDotted, TZORDiagEdgeArrow::eaNone);
-}
-
-std::string NumberedID(std::string_view aName, int aNumber) {
-  return std::string(aName) + std::to_string(aNumber);
-}
-
-std::string TwoLines(std::string_view aFirst, std::string_view aSecond) {
-  std::string text(aFirst);
-  text.append(LabelBreak).append(aSecond);
-  return text;
 }
 
 std::size_t NameLength(std::string_view aText) {

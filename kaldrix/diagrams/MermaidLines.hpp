@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "kaldrix/diagrams/DiagramElements.hpp"
 #include "kaldrix/diagrams/DiagramText.hpp"
 #include "kaldrix/diagrams/TKDXDiagramModel.hpp"
 #include "kaldrix/platform/TRegex.hpp"
@@ -27,16 +28,6 @@ extern const THeader StateHeader, ClassHeader, MindMapHeader, ERHeader, Requirem
     ArchitectureHeader, TreemapHeader, BlockHeader, QuadrantHeader, XYChartHeader, RadarHeader, VennHeader,
     IshikawaHeader, TreeViewHeader, GanttHeader;
 
-/// What a type makes of the whole model.
-inline void Begin(TKDXDiagramModel& aModel, TZORDiagramKind aKind = dkFlowChart,
-                  TZORFlowDirection aDirection = fdLeftRight) {
-  aModel.fKind = aKind;
-  aModel.fDirection = aDirection;
-}
-
-/// Tells that a line asked for more steps of matching than are granted.
-void ReportLimit(const TDiagramLine& aLine, TKDXDiagramModel& aModel);
-
 /// Calls `aRead(text, line)` with each line, trimmed and as it stands, but for empty lines, comments and the
 /// header.
 template <class TRead>
@@ -47,7 +38,7 @@ void ForEachLine(TDiagramLines aLines, const THeader& aHeader, TKDXDiagramModel&
     try {
       aRead(text, line.Text);
     } catch (const ERegexLimit&) {
-      ReportLimit(line, aModel);
+      ReportMatchLimit(line, aModel);
     }
   }
 }
@@ -57,16 +48,6 @@ void ForEachLine(TDiagramLines aLines, const THeader& aHeader, TKDXDiagramModel&
 bool ReadTitle(std::string_view aText, TKDXDiagramModel& aModel);
 /// "title Text", cleaned.
 bool ReadCleanTitle(std::string_view aText, TKDXDiagramModel& aModel);
-
-/// An edge without a terminator.
-bool AddPlainEdge(TKDXDiagramModel& aModel, std::string_view aFrom, std::string_view aTo,
-                  std::string_view aText = {}, bool aDotted = false);
-
-/// "name" + a running number.
-std::string NumberedID(std::string_view aName, int aNumber);
-
-/// Both lines of a label.
-std::string TwoLines(std::string_view aFirst, std::string_view aSecond);
 
 /// How many bytes of an identifier the text begins with: words joined by single "-" or ".".
 std::size_t NameLength(std::string_view aText);

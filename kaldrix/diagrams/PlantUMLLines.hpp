@@ -4,18 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "kaldrix/diagrams/DiagramElements.hpp"
 #include "kaldrix/diagrams/DiagramText.hpp"
-#include "kaldrix/diagrams/MermaidLines.hpp"
 #include "kaldrix/diagrams/TKDXDiagramModel.hpp"
 #include "kaldrix/platform/TRegex.hpp"
 
 namespace Zor::inline Diagramparsers::PlantUML {
-
-using Mermaid::AddPlainEdge;
-using Mermaid::Begin;
-using Mermaid::NumberedID;
-using Mermaid::ReportLimit;
-using Mermaid::TwoLines;
 
 /// Calls `aRead(text)` with each line; a line that asks for too many steps of matching is reported.
 template <class TRead>
@@ -24,7 +18,7 @@ void ForEachEntry(TDiagramLines aLines, TKDXDiagramModel& aModel, TRead aRead) {
     try {
       aRead(line.Text);
     } catch (const ERegexLimit&) {
-      ReportLimit(line, aModel);
+      ReportMatchLimit(line, aModel);
     }
   }
 }

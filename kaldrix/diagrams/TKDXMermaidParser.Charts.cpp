@@ -11,12 +11,8 @@ namespace Zor::inline Diagramparsers {
 
 namespace {
 
-using Mermaid::AddPlainEdge;
-using Mermaid::Begin;
 using Mermaid::ForEachLine;
-using Mermaid::NumberedID;
 using Mermaid::ReadCleanTitle;
-using Mermaid::TwoLines;
 
 constinit const TRegex PieLine("^pie(?:\\s+showData)?(?:\\s+title\\s+(.+))?$", rcIgnore);
 constinit const TRegex PieSlice("^\"([^\"]+)\"\\s*:\\s*([0-9]+(?:[.,][0-9]+)?)$");
@@ -306,7 +302,7 @@ class TVenn {
 
 template <class TChart>
 TChart ReadChart(TDiagramLines aLines, const Mermaid::THeader& aHeader, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TChart chart(aModel);
   ForEachLine(aLines, aHeader, aModel, [&](std::string_view aText, std::string_view) { chart.Read(aText); });
   return chart;
@@ -320,7 +316,7 @@ void TKDXMermaidParser::ParsePie(TDiagramLines aLines, TKDXDiagramModel& aModel)
 }
 
 void TKDXMermaidParser::ParseSankey(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   ForEachLine(aLines, Mermaid::SankeyHeader, aModel,
               [&](std::string_view aText, std::string_view) { ReadFlow(aText, aModel); });
 }

@@ -251,7 +251,7 @@ bool TKDXMermaidParser::ParseFlowLine(std::string_view aLine, TKDXDiagramModel& 
 }
 
 void TKDXMermaidParser::ParseBlock(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Mermaid::Begin(aModel);
+  BeginDiagram(aModel);
   Mermaid::ForEachLine(aLines, Mermaid::BlockHeader, aModel, [&](std::string_view aText, std::string_view) {
     if (aText != "end" && !BlockSetting.Matches(aText)) ParseFlowLine(aText, aModel);
   });

@@ -9,8 +9,6 @@ namespace Zor::inline Diagramparsers {
 namespace {
 
 using enum TZORDiagEdgeArrow;
-using Mermaid::AddPlainEdge;
-using Mermaid::Begin;
 using Mermaid::ForEachLine;
 using Mermaid::ReadCleanTitle;
 using Mermaid::ReadTitle;
@@ -258,38 +256,38 @@ void ReadArchitecture(std::string_view aText, TKDXDiagramModel& aModel) {
 }  // namespace
 
 void TKDXMermaidParser::ParseState(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkFlowChart, fdTopDown);
+  BeginDiagram(aModel, dkFlowChart, fdTopDown);
   ForEachLine(aLines, Mermaid::StateHeader, aModel,
               [&](std::string_view aText, std::string_view) { ReadState(aText, aModel); });
 }
 
 void TKDXMermaidParser::ParseClass(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   ForEachLine(aLines, Mermaid::ClassHeader, aModel,
               [&](std::string_view aText, std::string_view) { ReadClass(aText, aModel); });
 }
 
 void TKDXMermaidParser::ParseER(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   ForEachLine(aLines, Mermaid::ERHeader, aModel,
               [&](std::string_view aText, std::string_view) { ReadER(aText, aModel); });
 }
 
 void TKDXMermaidParser::ParseRequirements(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TRequirements requirements(aModel);
   ForEachLine(aLines, Mermaid::RequirementsHeader, aModel,
               [&](std::string_view aText, std::string_view) { requirements.Read(aText); });
 }
 
 void TKDXMermaidParser::ParseC4(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   ForEachLine(aLines, Mermaid::C4Header, aModel,
               [&](std::string_view aText, std::string_view) { ReadC4(aText, aModel); });
 }
 
 void TKDXMermaidParser::ParseArchitecture(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   ForEachLine(aLines, Mermaid::ArchitectureHeader, aModel,
               [&](std::string_view aText, std::string_view) { ReadArchitecture(aText, aModel); });
 }

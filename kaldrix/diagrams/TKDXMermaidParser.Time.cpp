@@ -9,12 +9,8 @@ namespace Zor::inline Diagramparsers {
 
 namespace {
 
-using Mermaid::AddPlainEdge;
-using Mermaid::Begin;
 using Mermaid::ForEachLine;
-using Mermaid::NumberedID;
 using Mermaid::ReadCleanTitle;
-using Mermaid::TwoLines;
 
 constexpr std::string_view TitleWord = "title ";
 constexpr std::string_view SectionWord = "section ";
@@ -201,14 +197,14 @@ class TGantt {
 }  // namespace
 
 void TKDXMermaidParser::ParseGitGraph(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TGitGraph graph(aModel);
   ForEachLine(aLines, Mermaid::GitGraphHeader, aModel,
               [&](std::string_view aText, std::string_view) { graph.Read(aText); });
 }
 
 void TKDXMermaidParser::ParseTimeline(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TSections sections(aModel, "timeline", "event");
   ForEachLine(aLines, Mermaid::TimelineHeader, aModel, [&](std::string_view aText, std::string_view) {
     if (!sections.ReadFrame(aText)) ReadPeriod(aText, sections);
@@ -216,7 +212,7 @@ void TKDXMermaidParser::ParseTimeline(TDiagramLines aLines, TKDXDiagramModel& aM
 }
 
 void TKDXMermaidParser::ParseJourney(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TSections sections(aModel, "journey", "task");
   ForEachLine(aLines, Mermaid::JourneyHeader, aModel, [&](std::string_view aText, std::string_view) {
     if (!sections.ReadFrame(aText)) ReadTask(aText, sections);
@@ -224,7 +220,7 @@ void TKDXMermaidParser::ParseJourney(TDiagramLines aLines, TKDXDiagramModel& aMo
 }
 
 void TKDXMermaidParser::ParseGantt(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TGantt gantt(aModel);
   ForEachLine(aLines, Mermaid::GanttHeader, aModel,
               [&](std::string_view aText, std::string_view) { gantt.Read(aText); });

@@ -10,13 +10,9 @@ namespace Zor::inline Diagramparsers {
 
 namespace {
 
-using Mermaid::AddPlainEdge;
-using Mermaid::Begin;
 using Mermaid::ClassSuffix;
 using Mermaid::ForEachLine;
-using Mermaid::NumberedID;
 using Mermaid::ReadTitle;
-using Mermaid::TwoLines;
 
 constinit const TRegex MindMapShape(
     "^([\\w.-]+)\\s*(\\(\\[[^\\]]*\\]\\)|\\[\\[[^\\]]*\\]\\]|\\[\\([^\\)]*\\)\\]|\\(\\(\\([^\\)]*\\)\\)\\)|"
@@ -183,7 +179,7 @@ class TKanban {
 }  // namespace
 
 void TKDXMermaidParser::ParseMindMap(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkMindMap);
+  BeginDiagram(aModel, dkMindMap);
   TTree tree(aModel, "mind_");
   ForEachLine(aLines, Mermaid::MindMapHeader, aModel, [&](std::string_view aText, std::string_view aLine) {
     if (aText.starts_with("::") || ReadTitle(aText, aModel)) return;
@@ -192,7 +188,7 @@ void TKDXMermaidParser::ParseMindMap(TDiagramLines aLines, TKDXDiagramModel& aMo
 }
 
 void TKDXMermaidParser::ParseTreemap(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkMindMap);
+  BeginDiagram(aModel, dkMindMap);
   TTree tree(aModel, "treemap_");
   ForEachLine(aLines, Mermaid::TreemapHeader, aModel, [&](std::string_view aText, std::string_view aLine) {
     ReadTreemapNode(aText, IndentOf(aLine), tree);
@@ -200,7 +196,7 @@ void TKDXMermaidParser::ParseTreemap(TDiagramLines aLines, TKDXDiagramModel& aMo
 }
 
 void TKDXMermaidParser::ParseTreeView(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkMindMap);
+  BeginDiagram(aModel, dkMindMap);
   TTree tree(aModel, "treeview_");
   ForEachLine(aLines, Mermaid::TreeViewHeader, aModel, [&](std::string_view aText, std::string_view aLine) {
     if (!ReadBranchTitle(aText, aModel)) ReadTreeViewNode(aText, TreeIndentOf(aLine), tree);
@@ -208,7 +204,7 @@ void TKDXMermaidParser::ParseTreeView(TDiagramLines aLines, TKDXDiagramModel& aM
 }
 
 void TKDXMermaidParser::ParseIshikawa(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkIshikawa);
+  BeginDiagram(aModel, dkIshikawa);
   TFishbone fishbone(aModel);
   ForEachLine(aLines, Mermaid::IshikawaHeader, aModel, [&](std::string_view aText, std::string_view aLine) {
     if (!ReadBranchTitle(aText, aModel)) fishbone.Read(aText, IndentOf(aLine));
@@ -216,7 +212,7 @@ void TKDXMermaidParser::ParseIshikawa(TDiagramLines aLines, TKDXDiagramModel& aM
 }
 
 void TKDXMermaidParser::ParseKanban(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TKanban kanban(aModel);
   ForEachLine(aLines, Mermaid::KanbanHeader, aModel,
               [&](std::string_view aText, std::string_view aLine) { kanban.Read(aText, IndentOf(aLine)); });

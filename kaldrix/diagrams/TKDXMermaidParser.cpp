@@ -128,7 +128,7 @@ bool ReadFlowHeader(std::string_view aText, TKDXDiagramModel& aModel) {
   TMatch match;
   if (!FlowHeader.Match(aText, match)) return false;
   const bool leftRight = SameWord(match[1], "lr") || SameWord(match[1], "rl");
-  Begin(aModel, dkFlowChart, leftRight ? fdLeftRight : fdTopDown);
+  BeginDiagram(aModel, dkFlowChart, leftRight ? fdLeftRight : fdTopDown);
   return true;
 }
 
@@ -173,7 +173,7 @@ void TKDXMermaidParser::Parse(std::string_view aText, TKDXDiagramModel& aModel) 
     try {
       ReadLine(text, line.Number, aModel);
     } catch (const ERegexLimit&) {
-      ReportLimit(line, aModel);
+      ReportMatchLimit(line, aModel);
     }
   }
 }

@@ -183,13 +183,13 @@ void ReadState(std::string_view aText, TKDXDiagramModel& aModel) {
 }  // namespace
 
 void TKDXPlantUMLParser::ParseActivity(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkFlowChart, fdTopDown);
+  BeginDiagram(aModel, dkFlowChart, fdTopDown);
   TActivity activity(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { activity.Read(aText); });
 }
 
 void TKDXPlantUMLParser::ParseState(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkFlowChart, fdTopDown);
+  BeginDiagram(aModel, dkFlowChart, fdTopDown);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { ReadState(aText, aModel); });
 }
 

@@ -110,14 +110,14 @@ class TDitaa {
 }  // namespace
 
 void TKDXPlantUMLParser::ParseSalt(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkFlowChart, fdTopDown);
+  BeginDiagram(aModel, dkFlowChart, fdTopDown);
   TNumberedNodes cells(aModel, "salt_");
   std::string before;
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { ReadSalt(aText, cells, before, aModel); });
 }
 
 void TKDXPlantUMLParser::ParseGrammar(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkFlowChart, fdTopDown);
+  BeginDiagram(aModel, dkFlowChart, fdTopDown);
   TNumberedNodes rules(aModel, "grammar_");
   ForEachEntry(aLines, aModel, [&](std::string_view aText) {
     TMatch match;
@@ -127,7 +127,7 @@ void TKDXPlantUMLParser::ParseGrammar(TDiagramLines aLines, TKDXDiagramModel& aM
 }
 
 void TKDXPlantUMLParser::ParseDitaa(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TDitaa ditaa(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { ditaa.Read(aText); });
 }

@@ -230,12 +230,12 @@ class TChen {
 }  // namespace
 
 void TKDXPlantUMLParser::ParseStructure(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { ReadStructure(aText, aModel); });
 }
 
 void TKDXPlantUMLParser::ParseArchimate(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { ReadArchimate(aText, aModel); });
 }
 
@@ -244,13 +244,13 @@ void TKDXPlantUMLParser::ParseC4(TDiagramLines aLines, TKDXDiagramModel& aModel)
 }
 
 void TKDXPlantUMLParser::ParseNetwork(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TNetworks networks(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { networks.Read(aText); });
 }
 
 void TKDXPlantUMLParser::ParseChen(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TChen chen(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { chen.Read(aText); });
 }

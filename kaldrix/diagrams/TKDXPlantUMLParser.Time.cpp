@@ -132,13 +132,13 @@ class TGantt {
 }  // namespace
 
 void TKDXPlantUMLParser::ParseTiming(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TTiming timing(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { timing.Read(aText); });
 }
 
 void TKDXPlantUMLParser::ParseChronology(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TNumberedNodes events(aModel, "chronology_");
   ForEachEntry(aLines, aModel, [&](std::string_view aText) {
     TMatch match;
@@ -148,7 +148,7 @@ void TKDXPlantUMLParser::ParseChronology(TDiagramLines aLines, TKDXDiagramModel&
 }
 
 void TKDXPlantUMLParser::ParseGantt(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel);
+  BeginDiagram(aModel);
   TGantt gantt(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { gantt.Read(aText); });
 }

@@ -242,7 +242,7 @@ class TFiles {
 }  // namespace
 
 void TKDXPlantUMLParser::ParseMindMap(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkMindMap);
+  BeginDiagram(aModel, dkMindMap);
   // Styles count wherever they stand.
   TBranchStyle style;
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { style.Read(aText); });
@@ -254,13 +254,13 @@ void TKDXPlantUMLParser::ParseMindMap(TDiagramLines aLines, TKDXDiagramModel& aM
 }
 
 void TKDXPlantUMLParser::ParseData(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkMindMap);
+  BeginDiagram(aModel, dkMindMap);
   TData data(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { data.Read(aText); });
 }
 
 void TKDXPlantUMLParser::ParseFiles(TDiagramLines aLines, TKDXDiagramModel& aModel) {
-  Begin(aModel, dkMindMap);
+  BeginDiagram(aModel, dkMindMap);
   TFiles files(aModel);
   ForEachEntry(aLines, aModel, [&](std::string_view aText) { files.Read(aText); });
 }

@@ -185,7 +185,7 @@ TPumlKind TKDXPlantUMLParser::DetectKind(TDiagramLines aLines, TKDXDiagramModel&
       const TPumlKind kind = KindOfLine(line.Text);
       if (kind != pkUnknown) return kind;
     } catch (const ERegexLimit&) {
-      ReportLimit(line, aModel);
+      ReportMatchLimit(line, aModel);
     }
   }
   return pkSequence;
