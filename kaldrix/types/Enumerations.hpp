@@ -878,6 +878,8 @@ inline constexpr int EnumCount<TZOLinkType> = ltRoundCorner + 1;
 template <>
 inline constexpr int EnumCount<TZORFlowType> = ftEnd + 1;
 template <>
+inline constexpr int EnumCount<TZORGradient> = grVert + 1;
+template <>
 inline constexpr int EnumCount<TZODimType> = dmtAngle + 1;
 template <>
 inline constexpr int EnumCount<TZORBarType> = btPOSTNET + 1;
