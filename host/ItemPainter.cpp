@@ -9,6 +9,7 @@
 #include "host/TKDXSurfaceDraw.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/items/TextPlacement.hpp"
+#include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Host {
 
@@ -27,6 +28,11 @@ class TPaper {
   explicit TPaper(const TKDXBaseItem& aItem) : fItem(aItem), fFactor(aItem.Document().PaperFactor()) {}
 
   double operator()(Int64 aBase) const { return static_cast<double>(aBase) / fFactor; }
+  /// The way back, held in the coordinate range.
+  Int64 Base(double aMM) const {
+    constexpr auto most = static_cast<double>(MaxCoordinate);
+    return Round(std::clamp(aMM * fFactor, -most, most));
+  }
   /// 1-based; of an item that has that point.
   TPaperPoint Point(int aIndex) const {
     const TZORPto& point = fItem.fPoints[static_cast<std::size_t>(aIndex - 1)];
@@ -72,9 +78,11 @@ int ToBase(double aMM) {
   return static_cast<int>(Round(std::clamp<double>(aMM * BaseInMM, INT_MIN / 4, INT_MAX / 4)));
 }
 
-TFontSpec FontOf(const TKDXBaseText& aText) {
-  return {aText.fFontName,  aText.fBold,      aText.fItalic,
-          aText.fUnderline, aText.fStrikeout, aText.fFontHeight / BaseInMM * aText.fRatio};
+/// The font of a text or node.
+template <class TItem>
+TFontSpec FontOf(const TItem& aItem) {
+  return {aItem.fFontName,  aItem.fBold,      aItem.fItalic,
+          aItem.fUnderline, aItem.fStrikeout, aItem.fFontHeight / BaseInMM * aItem.fRatio};
 }
 
 }  // namespace
@@ -242,6 +250,134 @@ void Measure(TFontEngine& aFonts, TKDXBaseBarcode& aBarcode) {
   const TTextSize size = aFonts.Measure({}, FontOf(aBarcode));
   aBarcode.SetMeasured(ToBase(size.ascent), ToBase(size.descent), ToBase(size.underline),
                        ToBase(size.underlineThickness), FontRatio);
+}
+
+// Flow nodes --------------------------------------------------------------------------
+
+namespace {
+
+TFlowBox BoxOf(const TPaper& aPaper) {
+  const TPaperPoint first = aPaper.Point(1), second = aPaper.Point(2);
+  return {first.x, first.y, second.x, second.y, second.x - first.x, second.y - first.y};
+}
+
+TPath PathOf(const TFlowElement& aPart, const TFlowBox& aBox) {
+  const auto at = [&](std::size_t aIndex) {
+    const TFlowPoint& point = aPart.points[aIndex];
+    return TPaperPoint{aBox.X(point.x), aBox.Y(point.y)};
+  };
+  TPath path;
+  std::size_t next = 0;
+  for (const char step : aPart.steps) {
+    const TPaperPoint p = at(next++);
+    if (step == 'M') {
+      path.MoveTo(p.x, p.y);
+    } else if (step == 'L') {
+      path.LineTo(p.x, p.y);
+    } else if (step == 'Q') {
+      const TPaperPoint end = at(next++);
+      path.QuadTo(p.x, p.y, end.x, end.y);
+    } else {
+      const TPaperPoint second = at(next++), end = at(next++);
+      path.CurveTo(p.x, p.y, second.x, second.y, end.x, end.y);
+    }
+  }
+  return path.Close();
+}
+
+TPath OutlineOf(const TFlowElement& aPart, const TFlowBox& aBox) {
+  TPath path;
+  switch (aPart.figure) {
+    case ffBox:
+    case ffRoundBox:
+      return path.Rect(aBox.x1, aBox.y1, std::abs(aBox.width), std::abs(aBox.height),
+                       aPart.figure == ffBox ? 0 : aBox.height / 2);
+    case ffEllipse:
+      return path.Ellipse(aBox.x1 + aBox.width / 2, aBox.y1 + aBox.height / 2, aBox.width / 2,
+                          aBox.height / 2);
+    case ffPath:
+      return PathOf(aPart, aBox);
+    case ffPolygon:
+    case ffLine:
+      break;
+  }
+  for (const TFlowPoint& point : aPart.points) {
+    const double x = aBox.X(point.x), y = aBox.Y(point.y);
+    path.Empty() ? path.MoveTo(x, y) : path.LineTo(x, y);
+  }
+  return aPart.figure == ffLine ? path : path.Close();
+}
+
+void PaintOutline(TSurface& aSurface, TZORFlowType aType, const TFlowBox& aBox, const TPen& aPen,
+                  const TBrush& aBrush) {
+  for (const TFlowElement& part : FlowOutline(aType)) {
+    aSurface.Path(OutlineOf(part, aBox), aPen, part.figure == ffLine ? TBrush{} : aBrush);
+  }
+}
+
+// By ordinal of TZORGradient.
+constexpr std::array<TGradientKind, EnumCount<TZORGradient>> Gradients{gkNone, gkHorz, gkVert};
+
+/// How far an alignment moves something of a size that stands in a larger space: 0, 1 or 2 halves of the
+/// rest.
+constexpr std::array<int, 4> HorzHalves{0, 1, 2, 0};
+constexpr std::array<int, 3> VertHalves{0, 1, 2};
+
+}  // namespace
+
+void Paint(TSurface& aSurface, const TKDXBaseFlow& aFlow) {
+  const TPaper mm(aFlow);
+  const TFlowBox box = BoxOf(mm);
+  TPen pen = PenOf(aFlow);
+  if (aFlow.fShadowDX != 0 || aFlow.fShadowDY != 0) {
+    const TSavedState saved(aSurface);
+    aSurface.Translate(aFlow.fShadowDX / BaseInMM, aFlow.fShadowDY / BaseInMM);
+    TPen shadow = pen;
+    shadow.color = aFlow.fShadowColor;
+    PaintOutline(aSurface, aFlow.fFlowType, box, shadow, {aFlow.fShadowColor, aFlow.fFill});
+  }
+  PaintOutline(aSurface, aFlow.fFlowType, box, pen,
+               {aFlow.fBackColor, aFlow.fFill, Gradients[aFlow.fGradient], aFlow.fGradColor});
+  if (aFlow.fText.empty()) return;
+  const std::vector<std::string> texts = aFlow.LineTexts();
+  const TFontSpec font = FontOf(aFlow);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const TZORTxtInf& line = aFlow.aTxtPoints[i];
+    const TTextPlace place{box.x1 + mm(line.bX), box.y1 + mm(line.bY) + aFlow.fAscent / BaseInMM, taStart,
+                           tvBaseline};
+    aSurface.Text(texts[i], place, font, aFlow.fFontColor);
+  }
+}
+
+void Measure(TFontEngine& aFonts, TKDXBaseFlow& aFlow) {
+  aFlow.fRatio = FontRatio;
+  const TFontSpec font = FontOf(aFlow);
+  const TTextSize size = aFonts.Measure({}, font);
+  aFlow.fAscent = ToBase(size.ascent);
+  aFlow.fDescent = ToBase(size.descent);
+  aFlow.fPosUnderline = ToBase(size.underline);
+  aFlow.aTxtPoints.clear();
+  if (aFlow.fText.empty()) return;
+  const TPaper mm(aFlow);
+  const TFlowBox box = BoxOf(mm);
+  const double paddingX = aFlow.fPaddingX / BaseInMM, paddingY = aFlow.fPaddingY / BaseInMM;
+  const double left = std::min(box.width, 0.0) + paddingX, width = std::abs(box.width) - 2 * paddingX;
+  const std::vector<TTextLine> lines = aFonts.BreakLines(aFlow.fText, font, width);
+  const double step = size.Height() * aFlow.fInterline;
+  const double rest =
+      std::abs(box.height) - 2 * paddingY - size.Height() - step * static_cast<double>(lines.size() - 1);
+  double top = std::min(box.height, 0.0) + paddingY + rest * VertHalves[aFlow.fVertAlign] / 2;
+  const std::string_view text = aFlow.fText;
+  std::size_t at = 0, characters = 0;
+  aFlow.aTxtPoints.reserve(lines.size());
+  for (const TTextLine& line : lines) {
+    characters += Utf8::Count(text.substr(at, line.start - at));
+    at = line.start;
+    aFlow.aTxtPoints.push_back(
+        {static_cast<int>(characters) + 1, static_cast<int>(Utf8::Count(text.substr(at, line.length))),
+         mm.Base(left + (width - line.width) * HorzHalves[aFlow.fHorzAlign] / 2), mm.Base(top)});
+    top += step;
+  }
 }
 
 }  // namespace Zor::inline Host

@@ -9,6 +9,7 @@
 #include "kaldrix/items/TKDXBaseBezier.hpp"
 #include "kaldrix/items/TKDXBaseCircle.hpp"
 #include "kaldrix/items/TKDXBaseEllipse.hpp"
+#include "kaldrix/items/TKDXBaseFlow.hpp"
 #include "kaldrix/items/TKDXBaseLine.hpp"
 #include "kaldrix/items/TKDXBasePolyLine.hpp"
 #include "kaldrix/items/TKDXBasePolygon.hpp"
@@ -34,10 +35,15 @@ void Paint(TSurface& aSurface, const TKDXBaseText& aText);
 void Paint(TSurface& aSurface, const TKDXBaseBarcode& aBarcode);
 /// QR Code, Data Matrix and PDF417.
 void Paint(TSurface& aSurface, const TModuleItem& aSymbol);
+/// With dashes, shadow and gradient, which the SVG has not.
+void Paint(TSurface& aSurface, const TKDXBaseFlow& aFlow);
 
 /// Measures the text with `aFonts` and stores its size; the bounds follow.
 void Measure(TFontEngine& aFonts, TKDXBaseText& aText);
 /// Measures the font of the barcode with `aFonts` and encodes it; the bounds follow.
 void Measure(TFontEngine& aFonts, TKDXBaseBarcode& aBarcode);
+/// Breaks the text of the node into the lines that fit between its paddings and places them. A line that no
+/// break makes short enough hangs over.
+void Measure(TFontEngine& aFonts, TKDXBaseFlow& aFlow);
 
 }  // namespace Zor::inline Host

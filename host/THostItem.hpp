@@ -37,4 +37,25 @@ class THostItem<TKDXBaseBarcode> final : public TKDXBaseBarcode {
   void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
 };
 
+template <>
+class THostItem<TKDXBaseFlow> final : public TKDXBaseFlow {
+ public:
+  using TKDXBaseFlow::TKDXBaseFlow;
+  void CalcValues(int /*aType*/) override {
+    fLaidWidth = BaseWidth();
+    fLaidHeight = BaseHeight();
+    Measure(FontsOf(*this), *this);
+  }
+  /// A box of another size has other lines.
+  void UpdateBounds() override {
+    TKDXBaseFlow::UpdateBounds();
+    if (!fText.empty() && (BaseWidth() != fLaidWidth || BaseHeight() != fLaidHeight)) StateCalc();
+  }
+  void DrawItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+  void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+
+ private:
+  Int64 fLaidWidth = 0, fLaidHeight = 0;
+};
+
 }  // namespace Zor::inline Host

@@ -385,6 +385,7 @@ class TKDXBaseLabel : public TComponent {
   virtual TKDXBaseItem* NewPDF417(Int64 x, Int64 y, const std::string& code) = 0;
   virtual TKDXBaseItem* NewDataMatrix(Int64 x, Int64 y, const std::string& code) = 0;
   virtual TKDXBaseItem* NewQRCode(Int64 x, Int64 y, const std::string& code) = 0;
+  virtual TKDXBaseItem* NewFlow(Int64 x, Int64 y, Int64 w, Int64 h, TZORFlowType aType) = 0;
   /// An item of that kind with start values, as a reader needs it; none when the host has no class for it.
   virtual TKDXBaseItem* NewItemOfType(TZORItemType aType, bool aPreview) = 0;
 

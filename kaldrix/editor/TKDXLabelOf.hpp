@@ -8,6 +8,7 @@
 #include "kaldrix/items/TKDXBaseBezier.hpp"
 #include "kaldrix/items/TKDXBaseCircle.hpp"
 #include "kaldrix/items/TKDXBaseEllipse.hpp"
+#include "kaldrix/items/TKDXBaseFlow.hpp"
 #include "kaldrix/items/TKDXBaseLine.hpp"
 #include "kaldrix/items/TKDXBasePolyLine.hpp"
 #include "kaldrix/items/TKDXBasePolygon.hpp"
@@ -93,6 +94,11 @@ class TKDXLabelOf : public TKDXFileLabel {
   TItem<TKDXBaseQRCode>* NewQRCode(Int64 x, Int64 y, const std::string& code) override {
     return MakeSymbol<TKDXBaseQRCode>(x, y, code);
   }
+  TItem<TKDXBaseFlow>* NewFlow(Int64 x, Int64 y, Int64 w, Int64 h, TZORFlowType aType) override {
+    auto* flow = Make<TKDXBaseFlow>({{x, y}, {AddHeld(x, w), AddHeld(y, h)}});
+    flow->fFlowType = aType;
+    return flow;
+  }
 
   TKDXBaseItem* NewItemOfType(TZORItemType aType, bool aPreview) override {
     switch (aType) {
@@ -126,6 +132,8 @@ class TKDXLabelOf : public TKDXFileLabel {
         return new TItem<TKDXBaseDataMatrix>(*this, aPreview);
       case itQRCode:
         return new TItem<TKDXBaseQRCode>(*this, aPreview);
+      case itFlow:
+        return new TItem<TKDXBaseFlow>(*this, aPreview);
       default:
         return nullptr;
     }
