@@ -8,6 +8,7 @@
 
 #include "host/TKDXSurfaceDraw.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
+#include "kaldrix/core/TKDXSettings.hpp"
 #include "kaldrix/items/TextPlacement.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
@@ -116,6 +117,54 @@ void Paint(TSurface& aSurface, const TKDXBaseArc& aArc) {
   };
   paint(aArc.fFromType, aArc.GetSizeFrom(), aArc.fFromColor, aArc.fStartAngle, !aArc.fClockWise);
   paint(aArc.fToType, aArc.GetSizeTo(), aArc.fToColor, aArc.fEndAngle, aArc.fClockWise);
+}
+
+namespace {
+
+void PaintStroke(TSurface& aSurface, const TKDXBaseLink& aLink, const TPaper& mm) {
+  TPen pen = PenOf(aLink);
+  TPath path;
+  path.MoveTo(mm(aLink.p1.X), mm(aLink.p1.Y));
+  switch (aLink.Form()) {
+    case lfNone:
+      return;
+    case lfArc:
+      return aSurface.Arc(mm(aLink.fCx), mm(aLink.fCy), mm(aLink.fRadio), aLink.fStart, aLink.fEnd,
+                          aLink.fClockWise, pen);
+    case lfCurve:
+      path.CurveTo(mm(aLink.pa.X), mm(aLink.pa.Y), mm(aLink.pb.X), mm(aLink.pb.Y), mm(aLink.p2.X),
+                   mm(aLink.p2.Y));
+      break;
+    case lfRound: {
+      const TZORPtoA route = aLink.Route();
+      for (std::size_t i = 1; i + 2 < route.size(); i += 3) {
+        path.CurveTo(mm(route[i].bX), mm(route[i].bY), mm(route[i + 1].bX), mm(route[i + 1].bY),
+                     mm(route[i + 2].bX), mm(route[i + 2].bY));
+      }
+      pen.roundCap = true;
+      break;
+    }
+    default:
+      for (const TZORPto& point : aLink.fLinkPoints) path.LineTo(mm(point.bX), mm(point.bY));
+      path.LineTo(mm(aLink.p2.X), mm(aLink.p2.Y));
+  }
+  aSurface.Path(path, pen, {});
+}
+
+}  // namespace
+
+void Paint(TSurface& aSurface, const TKDXBaseLink& aLink) {
+  if (!aLink.TakeEnds()) return;
+  const TPaper mm(aLink);
+  PaintStroke(aSurface, aLink, mm);
+  const double size = GetBaseValue(aLink.Document().fSettings->fTermSize);
+  for (const TLinkTerm& term : aLink.Terms()) {
+    if (term.type == ttNone) continue;
+    const TPen pen{term.color, aLink.GetPenWidth(), iiSolid, false};
+    const double x = term.isArc ? term.direction : mm(term.from.X);
+    const double y = term.isArc ? 0 : mm(term.from.Y);
+    aSurface.Terminator(term.type, mm(term.tip.X), mm(term.tip.Y), x, y, size, pen, term.fill, term.isArc);
+  }
 }
 
 // Shapes ------------------------------------------------------------------------------

@@ -11,6 +11,7 @@
 #include "kaldrix/items/TKDXBaseEllipse.hpp"
 #include "kaldrix/items/TKDXBaseFlow.hpp"
 #include "kaldrix/items/TKDXBaseLine.hpp"
+#include "kaldrix/items/TKDXBaseLink.hpp"
 #include "kaldrix/items/TKDXBasePolyLine.hpp"
 #include "kaldrix/items/TKDXBasePolygon.hpp"
 #include "kaldrix/items/TKDXBaseRectangle.hpp"
@@ -25,6 +26,8 @@ inline void Paint(TSurface&, const TKDXBasePoint&) {}
 void Paint(TSurface& aSurface, const TKDXBaseLine& aLine);
 void Paint(TSurface& aSurface, const TKDXBasePolyLine& aLine);
 void Paint(TSurface& aSurface, const TKDXBaseArc& aArc);
+/// A link without both its nodes shows nothing.
+void Paint(TSurface& aSurface, const TKDXBaseLink& aLink);
 void Paint(TSurface& aSurface, const TKDXBaseRectangle& aRect);
 void Paint(TSurface& aSurface, const TKDXBasePolygon& aPolygon);
 void Paint(TSurface& aSurface, const TKDXBaseBezier& aBezier);

@@ -47,6 +47,8 @@ constexpr std::array ColorTable{
     Row<TAlphaColor, &IZORFont::GetFontColor, &IZORFont::SetFontColor>(3),
     Row<TAlphaColor, &IZORSTerm::GetFromColor, &IZORSTerm::SetFromColor>(6),
     Row<TAlphaColor, &IZORSTerm::GetToColor, &IZORSTerm::SetToColor>(7),
+    Row<TAlphaColor, &IZORSLink::GetFromColor, &IZORSLink::SetFromColor>(8),
+    Row<TAlphaColor, &IZORSLink::GetToColor, &IZORSLink::SetToColor>(9),
 };
 
 /// The pen is given back around its setter, which works in millimetres; so the mirror is made here.
@@ -74,6 +76,8 @@ constexpr std::array EnumValueTable{
     Row<std::uint8_t, &IZORStyle::GetLineType, &IZORStyle::SetLineType>(0),
     Row<std::uint8_t, &IZORSTerm::GetFromType, &IZORSTerm::SetFromType>(1),
     Row<std::uint8_t, &IZORSTerm::GetToType, &IZORSTerm::SetToType>(2),
+    Row<std::uint8_t, &IZORSLink::GetFromType, &IZORSLink::SetFromType>(3),
+    Row<std::uint8_t, &IZORSLink::GetToType, &IZORSLink::SetToType>(4),
     Row<std::uint8_t, &TKDXBaseItem::GetAngle, &TKDXBaseItem::SetAngle>(20),
 };
 
@@ -225,19 +229,25 @@ void TKDXPosCmd::RestoreState() {
 
 // TKDXBasePosCmd --------------------------------------------------
 
-TKDXBasePosCmd::TKDXBasePosCmd(TKDXBaseItem& aItem, int aIndex)
-    : TKDXCmd(Kind, aItem, aIndex), fPoint(aItem.GetPoint(aIndex)) {}
+TKDXBasePosCmd::TKDXBasePosCmd(TKDXBaseItem& aItem, int aKind, int aIndex)
+    : TKDXCmd(aKind, aItem, aIndex), fPoint(aItem.GetPoint(aIndex)) {
+  if (aKind != LinkKind) return;
+  const TZORBase point = As<IZORSLink>(aItem)->RoutePoint(aIndex);
+  fPoint.SetBase(point.X, point.Y);
+}
 
-void TKDXBasePosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex) {
-  if (!IsRecording(aItem) || CheckLastProp(Kind, aItem, aIndex)) return;
-  Push(std::unique_ptr<TKDXCmd>(new TKDXBasePosCmd(aItem, aIndex)));
+void TKDXBasePosCmd::AddCommand(TKDXBaseItem& aItem, int aKind, int aIndex) {
+  if (!IsRecording(aItem) || CheckLastProp(aKind, aItem, aIndex)) return;
+  if (aKind == LinkKind && As<IZORSLink>(aItem) == nullptr) return;
+  Push(std::unique_ptr<TKDXCmd>(new TKDXBasePosCmd(aItem, aKind, aIndex)));
 }
 
 void TKDXBasePosCmd::RestoreState() {
   TKDXBaseItem* item = Receiver();
   if (item == nullptr) return;
-  AddCommand(*item, fIndex);
-  item->SetPoint(fIndex, fPoint);
+  AddCommand(*item, fKind, fIndex);
+  if (fKind != LinkKind) return item->SetPoint(fIndex, fPoint);
+  if (auto* link = As<IZORSLink>(*item)) link->SetBasePoint(fIndex, fPoint.bX, fPoint.bY, false);
 }
 
 // TKDXElePosCmd --------------------------------------------------

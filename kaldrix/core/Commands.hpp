@@ -172,16 +172,17 @@ class TKDXPosCmd final : public TKDXCmd {
   TZORPosType fPosType;
 };
 
-/// One point, in base points.
+/// One point, in base points: of an item, or with LinkKind an inner point of a link.
 class TKDXBasePosCmd final : public TKDXCmd {
  public:
   static constexpr int Kind = 8;
+  static constexpr int LinkKind = 9;  ///< shared with TKDXElePosCmd, whose index is 0
   /// `aIndex` is the point, 1-based.
-  static void AddCommand(TKDXBaseItem& aItem, int aIndex);
+  static void AddCommand(TKDXBaseItem& aItem, int aKind, int aIndex);
   void RestoreState() override;
 
  private:
-  TKDXBasePosCmd(TKDXBaseItem& aItem, int aIndex);
+  TKDXBasePosCmd(TKDXBaseItem& aItem, int aKind, int aIndex);
 
   TZORPto fPoint;
 };

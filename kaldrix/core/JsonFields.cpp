@@ -47,6 +47,14 @@ Int64 GetCoordinate(const TJsonObject& aJson, std::string_view aKey, TZORUnits a
   return std::clamp(SetValue(value, aUnit), -MaxCoordinate, MaxCoordinate);
 }
 
+Int64 GetBasePoints(const TJsonObject& aJson, std::string_view aKey) {
+  const Int64 value = aJson.GetLong(aKey);
+  if (value < -MaxCoordinate || value > MaxCoordinate) {
+    Refuse(aKey, "the position is outside the coordinate range");
+  }
+  return value;
+}
+
 int GetLength(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit) {
   const Single value = GetSingle(aJson, aKey);
   if (std::abs(value) > GetValue(std::numeric_limits<int>::max(), aUnit)) {

@@ -43,6 +43,8 @@ TEnum GetEnum(const TJsonObject& aJson, std::string_view aKey) {
 Single GetSingle(const TJsonObject& aJson, std::string_view aKey);
 /// A length in `aUnit` as base points; refuses one outside the coordinate range.
 Int64 GetCoordinate(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit);
+/// A coordinate or length that stands in base points; refuses one outside the coordinate range.
+Int64 GetBasePoints(const TJsonObject& aJson, std::string_view aKey);
 /// A length in `aUnit` as 32-bit base points; refuses one that does not fit.
 int GetLength(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit);
 /// A whole number of 16 bits or less; refuses one outside the limits.

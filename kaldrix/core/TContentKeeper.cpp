@@ -36,7 +36,7 @@ struct TContentKeeper::TContent {
   TKaldrixOptions options;
   TKaldrixStateOptions states;
   int activeLayer = 0, activeDimStyle = 0, readedVer = 0, maxID = 1, idxBack = -1, unReID = 0;
-  bool modified = false, incUnReID = true, update = false;
+  bool modified = false, incUnReID = true, update = false, hasLinks = false;
 };
 
 TContentKeeper::TContentKeeper(TKDXBaseLabel& aDocument)
@@ -96,7 +96,9 @@ void TContentKeeper::Exchange() {
   std::swap(d.fModified, k.modified);
   std::swap(d.fIncUnReID, k.incUnReID);
   std::swap(d.fUpdate, k.update);
+  std::swap(d.fHasLinks, k.hasLinks);
   d.fIndex.Clear();
+  d.fLinksStale = true;
 }
 
 }  // namespace Zor::inline Base

@@ -26,11 +26,9 @@ constexpr int MaxIdentity = 2'000'000'000;
 
 constexpr std::size_t BytesOfPoint = 16;
 
-[[noreturn]] void RefusePoints(TZORItemType aType, int aCount) {
-  const std::string allowed =
-      HasFreePoints(aType) ? "the rest of the data" : std::to_string(NumPointsItem(aType));
+[[noreturn]] void RefusePoints(TZORItemType aType, int aCount, const std::string& aAllowed) {
   throw EReadError(std::string(NameItem(aType)) + ": " + std::to_string(aCount) + " points do not fit " +
-                   allowed);
+                   aAllowed);
 }
 
 /// The count is 16 bits wide; -1 announces a 32-bit count for the items that have more.
@@ -53,6 +51,33 @@ Int64 Written(Int64 aBase) { return std::clamp(aBase, -MaxCoordinate, MaxCoordin
 void CheckCoordinate(Int64 aValue, std::size_t aPosition) {
   if (aValue >= -MaxCoordinate && aValue <= MaxCoordinate) return;
   throw EReadError("Position outside the coordinate range at byte " + std::to_string(aPosition));
+}
+
+void WritePoints(TBinaryWriter& bW, const TZORPtoA& aPoints) {
+  WritePointCount(bW, aPoints.size());
+  for (const TZORPto& point : aPoints) {
+    bW.WriteInt64(Written(point.bX));
+    bW.WriteInt64(Written(point.bY));
+  }
+}
+
+/// As many as the list has room for.
+void ReadPoints(TBinaryReader& bR, TZORPtoA& aPoints) {
+  for (TZORPto& point : aPoints) {
+    const std::size_t position = bR.Position();
+    point.bX = bR.ReadInt64();
+    point.bY = bR.ReadInt64();
+    CheckCoordinate(point.bX, position);
+    CheckCoordinate(point.bY, position);
+  }
+}
+
+void ReadFreePoints(TBinaryReader& bR, TZORPtoA& aPoints, TZORItemType aType) {
+  const int count = ReadPointCount(bR);
+  const bool fits = count >= 0 && static_cast<std::size_t>(count) <= bR.Left() / BytesOfPoint;
+  if (!fits) RefusePoints(aType, count, "the rest of the data");
+  aPoints.resize(static_cast<std::size_t>(count));
+  ReadPoints(bR, aPoints);
 }
 
 }  // namespace
@@ -88,7 +113,7 @@ void TKDXBaseItem::Record(TRecord& r) {
   r.Int32(fPenWidth);
   r.Enum32(fAngle, "Angle");
   r.Set32(fOptions);
-  RecordPoints(r);
+  RecordOwnPoints(r);
 }
 
 void TKDXBaseItem::RecordLayer(TRecord& r) {
@@ -96,29 +121,16 @@ void TKDXBaseItem::RecordLayer(TRecord& r) {
   fLayer = fOwner->LayerAt(r.Reader()->ReadInt16());
 }
 
-void TKDXBaseItem::RecordPoints(TRecord& r) {
-  if (r.Writing()) {
-    WritePointCount(*r.Writer(), fPoints.size());
-    for (const TZORPto& point : fPoints) {
-      r.Writer()->WriteInt64(Written(point.bX));
-      r.Writer()->WriteInt64(Written(point.bY));
-    }
-    return;
-  }
-  TBinaryReader& reader = *r.Reader();
-  const int count = ReadPointCount(reader);
-  const bool fits = HasFreePoints(fItemType)
-                        ? static_cast<std::size_t>(std::max(count, 0)) <= reader.Left() / BytesOfPoint
-                        : count == NumPoints();
-  if (count < 0 || !fits) RefusePoints(fItemType, count);
-  fPoints.resize(static_cast<std::size_t>(count));
-  for (TZORPto& point : fPoints) {
-    const std::size_t position = reader.Position();
-    point.bX = reader.ReadInt64();
-    point.bY = reader.ReadInt64();
-    CheckCoordinate(point.bX, position);
-    CheckCoordinate(point.bY, position);
-  }
+void TKDXBaseItem::RecordOwnPoints(TRecord& r) {
+  if (r.Writing()) return WritePoints(*r.Writer(), fPoints);
+  if (HasFreePoints(fItemType)) return ReadFreePoints(*r.Reader(), fPoints, fItemType);
+  const int count = ReadPointCount(*r.Reader());
+  if (count != NumPoints()) RefusePoints(fItemType, count, std::to_string(NumPointsItem(fItemType)));
+  ReadPoints(*r.Reader(), fPoints);
+}
+
+void TKDXBaseItem::RecordPoints(TRecord& r, TZORPtoA& aPoints, TZORItemType aType) {
+  r.Writing() ? WritePoints(*r.Writer(), aPoints) : ReadFreePoints(*r.Reader(), aPoints, aType);
 }
 
 void TKDXBaseItem::TakeIdentity(int aInID, std::string aID, TZORReadType aReadType) {

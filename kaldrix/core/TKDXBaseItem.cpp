@@ -221,6 +221,7 @@ void TKDXBaseItem::UpdateBounds() {
     fBoundsRect = Extent(fPoints);
   }
   fBoundsRect.NormalizeRect();
+  if (CarriesLinks(fItemType)) fOwner->NodeMoved();
 }
 
 void TKDXBaseItem::CheckPosition() {

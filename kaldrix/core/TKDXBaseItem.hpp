@@ -193,6 +193,10 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   virtual void ResolveReferences() {}
   /// Is this a link with an end on the item of that identity?
   virtual bool IsAttachedTo(int /*aInID*/) const { return false; }
+  /// Is this a link with an end on a selected item?
+  virtual bool IsAttachedToSelection() const { return false; }
+  /// The nodes of the document moved, came or went: a link takes its route from its ends again.
+  virtual void FollowEnds() {}
   /// Does its text tell a measure in document units?
   virtual bool ShowsMeasure() const { return false; }
   /// Marks the symbol that the item shows, if it shows one.
@@ -241,6 +245,8 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
     aField = aValue;
     return true;
   }
+  /// Points of a free number behind their count.
+  static void RecordPoints(TRecord& r, TZORPtoA& aPoints, TZORItemType aType);
   bool HasPoint(int aIndex) const { return aIndex >= 1 && aIndex <= static_cast<int>(fPoints.size()); }
   /// Are the items with two points of this kind kept with point 1 at the top left?
   void NormalizePoints();
@@ -257,7 +263,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   static std::string StartName(TZORItemType aType, int aInID);
   void Enter(bool aPreview);
   void MoveAll(Int64 ax, Int64 ay, Int64 grX, Int64 grY);
-  void RecordPoints(TRecord& r);
+  void RecordOwnPoints(TRecord& r);
   void RecordLayer(TRecord& r);
   void TakeIdentity(int aInID, std::string aID, TZORReadType aReadType);
   void ReadJsonPoints(TJsonArray& aPoints);

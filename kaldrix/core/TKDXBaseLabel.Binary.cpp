@@ -73,6 +73,7 @@ void TKDXBaseLabel::ReadBaseData(TBinaryReader& bR) {
 }
 
 void TKDXBaseLabel::WriteData(TBinaryWriter& bW) {
+  RouteLinks();
   WriteList(bW, fLayers, fLayers.Count());
   WriteList(bW, fDimStyles, IsDrawingMode() ? fDimStyles.Count() : 0);
   WriteList(bW, fCounters, fCounters.Count());

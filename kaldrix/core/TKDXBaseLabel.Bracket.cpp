@@ -165,6 +165,7 @@ void TKDXBaseLabel::CalcPending() {
   for (TKDXBaseItem* item : pending) {
     if (item != nullptr) item->CalcValues(2);
   }
+  RouteLinks();
 }
 
 void TKDXBaseLabel::Refresh() {

@@ -2,6 +2,7 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "kaldrix/core/Commands.hpp"
 #include "kaldrix/core/ItemSweep.hpp"
@@ -21,6 +22,7 @@ void TKDXBaseLabel::Enlist(TKDXBaseItem& aItem, bool aPreview) {
   }
   fItems.Adopt(&aItem);
   fIndex.Add(aItem);
+  if (aItem.fItemType == itLink) fHasLinks = fLinksStale = true;
   fModified = true;
 }
 
@@ -29,6 +31,7 @@ void TKDXBaseLabel::Forget(TKDXBaseItem& aItem) {
   aItem.fListed = false;
   if (aItem.fPending) std::replace(fCalcs.begin(), fCalcs.end(), &aItem, static_cast<TKDXBaseItem*>(nullptr));
   if (aItem.fFromPreview) return fPreview.Extract(&aItem);
+  if (CarriesLinks(aItem.fItemType)) fLinksStale = true;
   if (aItem.fState != isNormal) {
     std::erase(fSelection, &aItem);
     std::erase(fLinks, &aItem);
@@ -47,6 +50,7 @@ void TKDXBaseLabel::FreeAll(TOwnedList<TKDXBaseItem>& aList) {
   if (&aList == &fItems) {
     fIndex.Clear();
     fCalcs.clear();
+    fHasLinks = false;
   }
   for (TKDXBaseItem* item : aList) item->fListed = false;
   aList.Clear();
@@ -147,13 +151,13 @@ void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
 }
 
 void TKDXBaseLabel::DeleteSelection() {
-  const std::vector<TKDXBaseItem*> doomed = fSelection;
-  SweepItems(doomed.rbegin(), doomed.rend(), [this](TKDXBaseItem* item) {
-    if (!fLinks.empty()) {
-      if (const auto* node = dynamic_cast<const IZORLink*>(item)) DeleteAttachedLinks(*node, false);
-    }
-    TKDXDeleteCmd::AddCommand(*item);
-  });
+  std::vector<TKDXBaseItem*> doomed = fSelection;
+  SweepItems(doomed.rbegin(), doomed.rend(), [](TKDXBaseItem* item) { TKDXDeleteCmd::AddCommand(*item); });
+  // Attached links go too, unrecorded; those that are selected themselves are in the list already.
+  const std::unordered_set<TKDXBaseItem*> selected(doomed.begin(), doomed.end());
+  for (TKDXBaseItem* link : fLinks) {
+    if (!selected.contains(link) && link->IsAttachedToSelection()) doomed.push_back(link);
+  }
   ClearSelection(true);
   FreeMany(doomed);
 }
@@ -161,6 +165,7 @@ void TKDXBaseLabel::DeleteSelection() {
 void TKDXBaseLabel::FreeMany(const std::vector<TKDXBaseItem*>& aItems) {
   if (aItems.empty()) return;
   ++fGoneItems;
+  fLinksStale = true;
   SweepItems(aItems.begin(), aItems.end(), [this](TKDXBaseItem* item) {
     item->fListed = false;
     fIndex.Remove(*item);

@@ -57,6 +57,7 @@ struct TZOPageLabel {
 ///   Items          TKDXBaseLabel.Items.cpp        items and identities
 ///   Layers         TKDXBaseLabel.Layers.cpp       layers, dimension styles, rotation
 ///                  TKDXBaseLabel.BoxLayer.cpp     page frame and title block
+///   Links          TKDXBaseLabel.Links.cpp
 ///   Selection      TKDXBaseLabel.Selection.cpp
 ///   Values         TKDXBaseLabel.Values.cpp       units, conversions, editor mode
 ///   Pages          TKDXBaseLabel.Pages.cpp
@@ -92,7 +93,7 @@ class TKDXBaseLabel : public TComponent {
   /// Brackets the reading of a file, or with `aPaste` of a paste. Recording is off inside.
   void BeginRead(bool aPaste);
   void EndRead(bool aUnits);
-  /// Calculates the waiting items.
+  /// Calculates the waiting items, then the links whose nodes moved.
   void CalcPending();
   /// How an item reports a change; `aItem` matters for lsCalc and lsCalcNoUpdate only.
   void ChangeState(TKaldrixState aState, TKDXBaseItem* aItem);
@@ -176,6 +177,21 @@ class TKDXBaseLabel : public TComponent {
   bool SetActiveDimStyle(const std::string& aName);
   bool DeleteActiveDimStyle();
   std::vector<std::string> GetDimStylesNames() const;
+
+  // Links --------------------------------------------------
+
+  /// How a node reports that its link positions may have changed.
+  void NodeMoved() { fLinksStale = true; }
+  /// Brings the routes of all links up to date when a node moved, came or went; otherwise it costs nothing.
+  void RouteLinks() {
+    if (fLinksStale && !IsReading()) RouteStaleLinks();
+  }
+  /// The topmost visible and selectable node with a link position at (x, y), base points, told in `aLink`. A
+  /// search for the first end of a new link (`aFirst`) forgets the positions in `aLink`.
+  bool SearchLink(Int64 x, Int64 y, TZOLink& aLink, bool aFirst) const;
+  /// Makes fLinks the links with an end on a selected item. Linear in the size of the drawing: for the end of
+  /// a change of the selection, not for each item of it.
+  void FillLinkList();
 
   // Selection --------------------------------------------------
 
@@ -385,6 +401,11 @@ class TKDXBaseLabel : public TComponent {
   virtual TKDXBaseItem* NewPDF417(Int64 x, Int64 y, const std::string& code) = 0;
   virtual TKDXBaseItem* NewDataMatrix(Int64 x, Int64 y, const std::string& code) = 0;
   virtual TKDXBaseItem* NewQRCode(Int64 x, Int64 y, const std::string& code) = 0;
+  /// A link between the link positions of two nodes, which are told by their identities.
+  virtual TKDXBaseItem* NewLink(int fromID, int toID, int fromPos, int toPos, TZOLinkType aType) = 0;
+  /// The same with the first high + 1 points as the inner points of its route; for ltPolyline.
+  virtual TKDXBaseItem* NewPolyLink(int fromID, int toID, int fromPos, int toPos, TZOLinkType aType,
+                                    const TZORPtoA& pts, int high) = 0;
   virtual TKDXBaseItem* NewFlow(Int64 x, Int64 y, Int64 w, Int64 h, TZORFlowType aType) = 0;
   /// An item of that kind with start values, as a reader needs it; none when the host has no class for it.
   virtual TKDXBaseItem* NewItemOfType(TZORItemType aType, bool aPreview) = 0;
@@ -490,6 +511,7 @@ class TKDXBaseLabel : public TComponent {
   void FreeMany(const std::vector<TKDXBaseItem*>& aItems);
   TKDXBaseItem* FindName(std::string_view aID);
   void DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection);
+  void RouteStaleLinks();
   void Defer(TKDXBaseItem& aItem);
 
   void ClearSelectionSilently();
@@ -518,6 +540,8 @@ class TKDXBaseLabel : public TComponent {
 
   TItemIndex fIndex;
   unsigned fGoneItems = 0;
+  bool fHasLinks = false;    ///< may be true without any, never false with one
+  bool fLinksStale = false;  ///< a node moved, came or went since the links were routed
   mutable TNameFinder fCounterFinder;
   std::vector<TZOPageLabel> fPageLabels;
   int fWalkLabel = 0;       ///< the label that the walk stands on, 0 when that is not known

@@ -52,6 +52,7 @@ void TKDXBasePoint::UpdateBounds() {
   const TZORPto centre = GetPoint(1);
   fBoundsRect = {centre.bX - HalfBounds, centre.bY - HalfBounds, centre.bX + HalfBounds,
                  centre.bY + HalfBounds};
+  fOwner->NodeMoved();
 }
 
 }  // namespace Zor::inline Base

@@ -10,6 +10,7 @@
 #include "kaldrix/items/TKDXBaseEllipse.hpp"
 #include "kaldrix/items/TKDXBaseFlow.hpp"
 #include "kaldrix/items/TKDXBaseLine.hpp"
+#include "kaldrix/items/TKDXBaseLink.hpp"
 #include "kaldrix/items/TKDXBasePolyLine.hpp"
 #include "kaldrix/items/TKDXBasePolygon.hpp"
 #include "kaldrix/items/TKDXBaseRectangle.hpp"
@@ -94,6 +95,21 @@ class TKDXLabelOf : public TKDXFileLabel {
   TItem<TKDXBaseQRCode>* NewQRCode(Int64 x, Int64 y, const std::string& code) override {
     return MakeSymbol<TKDXBaseQRCode>(x, y, code);
   }
+  TItem<TKDXBaseLink>* NewLink(int fromID, int toID, int fromPos, int toPos, TZOLinkType aType) override {
+    return NewPolyLink(fromID, toID, fromPos, toPos, aType, {}, -1);
+  }
+  TItem<TKDXBaseLink>* NewPolyLink(int fromID, int toID, int fromPos, int toPos, TZOLinkType aType,
+                                   const TZORPtoA& pts, int high) override {
+    auto* link = Make<TKDXBaseLink>({});
+    link->fFromID = fromID;
+    link->fToID = toID;
+    link->SetFromIndex(fromPos);
+    link->SetToIndex(toPos);
+    link->SetLinkType(aType);
+    if (aType == ltPolyline) link->fLinkPoints = Taken(pts, high);
+    link->CalcValues(2);
+    return link;
+  }
   TItem<TKDXBaseFlow>* NewFlow(Int64 x, Int64 y, Int64 w, Int64 h, TZORFlowType aType) override {
     auto* flow = Make<TKDXBaseFlow>({{x, y}, {AddHeld(x, w), AddHeld(y, h)}});
     flow->fFlowType = aType;
@@ -122,6 +138,8 @@ class TKDXLabelOf : public TKDXFileLabel {
         return new TItem<TKDXBaseEllipse>(*this, aPreview);
       case itSector:
         return new TItem<TKDXBaseSector>(*this, aPreview);
+      case itLink:
+        return new TItem<TKDXBaseLink>(*this, aPreview);
       case itText:
         return new TItem<TKDXBaseText>(*this, aPreview);
       case itBarcode:

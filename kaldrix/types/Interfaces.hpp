@@ -147,6 +147,23 @@ class IZORLink {
   virtual bool CheckLink(Int64 bx, Int64 by, TZOLink& aLink) const = 0;
 };
 
+/// The stroke of a link: terminators at both ends, and the inner points of its route.
+class IZORSLink {
+  ZOR_INTERFACE(IZORSLink)
+  virtual TAlphaColor GetFromColor() const = 0;
+  virtual TAlphaColor GetToColor() const = 0;
+  virtual TZORTermType GetFromType() const = 0;
+  virtual TZORTermType GetToType() const = 0;
+  virtual void SetFromColor(TAlphaColor aValue) = 0;
+  virtual void SetToColor(TAlphaColor aValue) = 0;
+  virtual void SetFromType(TZORTermType aValue) = 0;
+  virtual void SetToType(TZORTermType aValue) = 0;
+  /// 1-based, base points; (0, 0) out of range.
+  virtual TZORBase RoutePoint(int aIndex) const = 0;
+  /// Base points; with `aUpdate` what follows from the point is made anew. False out of range.
+  virtual bool SetBasePoint(int aIndex, Int64 x, Int64 y, bool aUpdate) = 0;
+};
+
 /// Padding in millimetres.
 class IZORPadding {
   ZOR_INTERFACE(IZORPadding)

@@ -39,4 +39,9 @@ constexpr bool HasFreePoints(TZORItemType aType) {
   return aType == itPolyLine || aType == itPolygon || aType == itBezier;
 }
 
+/// The kinds that links can be attached to: all that offer IZORLink.
+constexpr bool CarriesLinks(TZORItemType aType) {
+  return aType == itPoint || aType == itImage || aType == itFlow || aType == itSymbol;
+}
+
 }  // namespace Zor::inline Types

@@ -1,0 +1,145 @@
+// Links in SVG, and the terminators at their ends.
+#include "kaldrix/items/TKDXBaseLink.hpp"
+
+#include <cmath>
+
+#include "kaldrix/core/TKDXBaseLabel.hpp"
+#include "kaldrix/core/TKDXSettings.hpp"
+#include "kaldrix/items/TSvgElement.hpp"
+#include "kaldrix/items/TTermItem.hpp"
+#include "kaldrix/utils/TDraw2D.hpp"
+
+namespace Zor::inline Line {
+
+// Terminators -----------------------------------------------------------------------
+
+std::array<TLinkTerm, 2> TKDXBaseLink::Terms() const {
+  const TLinkForm form = Form();
+  const bool isArc = form == lfArc;
+  const TAlphaColor color = isArc ? fColor : fOwner->fSettings->fTermColor;
+  const auto at = [](const TZORPto& aPoint) { return TZORBase{aPoint.bX, aPoint.bY}; };
+  const bool inner = (form == lfChain || form == lfRound) && !fLinkPoints.empty();
+  TLinkTerm from{fFromType, p1, inner ? at(fLinkPoints.front()) : p2, 0, isArc, color, fFromColor};
+  TLinkTerm to{fToType, p2, inner ? at(fLinkPoints.back()) : p1, 0, isArc, color, fToColor};
+  if (isArc) {
+    // Out of the arc: against its run at the start, along it at the end.
+    const auto outwards = [this](const TZORBase& aTip, bool aAlong) {
+      const double against = std::atan2(-(static_cast<double>(aTip.X) - static_cast<double>(fCx)),
+                                        static_cast<double>(aTip.Y) - static_cast<double>(fCy));
+      return aAlong ? against + TDraw2D::Pi : against;
+    };
+    from.direction = outwards(p1, !fClockWise);
+    to.direction = outwards(p2, fClockWise);
+  }
+  return {from, to};
+}
+
+namespace {
+
+/// Where an arrow head at a link position points to, on the side of the node that the position lies on.
+TZORAngle HeadAngle(int aPos, int aPosFrom) {
+  const auto within = [](int aValue, int aFirst, int aLast) { return aValue >= aFirst && aValue <= aLast; };
+  if (within(aPos, 2, 4)) return ag270;
+  if (within(aPos, 6, 8)) return ag180;
+  if (within(aPos, 10, 12)) return ag90;
+  if (within(aPos, 14, 16)) return ag0;
+  return (aPos == 1 || aPos == 5) && within(aPosFrom, 1, 5) ? ag270 : ag0;
+}
+
+}  // namespace
+
+void TKDXBaseLink::Arrow(const TZORBase& a, const TZORBase& b, int aPos, int aPosFrom, int /*aPosTo*/,
+                         Int64 size, Int64& x1, Int64& y1, Int64& x2, Int64& y2) const {
+  constexpr auto open = static_cast<Single>(TermOpen);
+  switch (fLinkType) {
+    case ltLeftRightTopBottom:
+    case ltTopBottomLeftRight:
+    case ltStepLineTwoPto:
+    case ltCurve:
+      TDraw2D::DrawArrow(a.X, a.Y, size, HeadAngle(aPos, aPosFrom), x1, y1, x2, y2, open);
+      return;
+    case ltArc:
+      TDraw2D::DrawArrowArc(fCx, fCy, a.X, a.Y, size, x1, y1, x2, y2, fClockWise, open);
+      return;
+    default:
+      TDraw2D::DrawArrow(b.X, b.Y, a.X, a.Y, size, x1, y1, x2, y2, open);
+  }
+}
+
+// SVG -------------------------------------------------------------------------------
+
+void TKDXBaseLink::WriteSVG(TSvgList& svg, TSvgList& /*defs*/, TZORExportSVG aExportType, Single aFactor,
+                            bool attrID) const {
+  if (!TakeRoutedEnds()) return;
+  const TLinkForm form = Form();
+  if (form == lfNone) return;
+  svg.push_back(SvgStroke(form, aExportType, aFactor, attrID));
+  const Single size = fOwner->GetVal(fOwner->fSettings->fTermSize, false);
+  for (const TLinkTerm& term : Terms()) {
+    if (term.type == ttNone) continue;
+    const double x = term.isArc ? term.direction : FromBase(term.from.X);
+    const double y = term.isArc ? 0 : FromBase(term.from.Y);
+    svg.push_back(TExSVG::DrawTerm(term.type, aExportType, FromBase(term.tip.X), FromBase(term.tip.Y), x, y,
+                                   GetPenWidth(), aFactor, size, term.color, term.fill, TermOpen,
+                                   term.isArc));
+  }
+}
+
+std::string TKDXBaseLink::SvgStroke(TLinkForm aForm, TZORExportSVG aExportType, Single aFactor,
+                                    bool attrID) const {
+  // Intended: chains and the controls of curves stand in millimetres of the drawn object, and the inner
+  // points of a chain in document units; everything else in millimetres of paper.
+  const auto drawn = [](Int64 aBase) { return static_cast<double>(aBase) / BaseInMM; };
+  const auto paper = [this](Int64 aBase) { return double{FromBase(aBase)}; };
+  const double pen = GetPenWidth(), scaledPen = fOwner->BaseValue(GetPenWidth());
+  TSvgElement out(aExportType, aFactor);
+  const auto stroke = [&](double aPen, std::string_view aFill) -> TSvgElement& {
+    out.Raw("\" ").Stroke(fColor).Raw(aFill).Raw(" stroke-width=\"").Pen(aPen);
+    return out.Raw("\"");
+  };
+  const auto begin = [&](std::string_view aTag, std::string_view aData) -> TSvgElement& {
+    return out.Raw(aTag).Raw(GetSVGID(attrID)).Raw(aData);
+  };
+  constexpr std::string_view noFill = " fill=\"none\"";
+  switch (aForm) {
+    case lfChain:
+      begin("<polyline", " points=\"").Pair(drawn(p1.X), drawn(p1.Y));
+      for (const TZORPto& p : fLinkPoints) {
+        out.Raw(" ").Pair(p.GetX(fOwner->fUnits), p.GetY(fOwner->fUnits));
+      }
+      out.Raw(" ").Pair(drawn(p2.X), drawn(p2.Y));
+      stroke(scaledPen, noFill);
+      break;
+    case lfArc: {
+      const double r = paper(fRadio);
+      const auto point = [&](double aAngle) -> TSvgElement& {
+        return out.Pair(XFromBaseAngle(fCx, fRadio, aAngle), YFromBaseAngle(fCy, fRadio, aAngle));
+      };
+      begin("<path", " d=\"M ");
+      point(fStart).Raw(" A ").Pair(r, r).Raw(fClockWise ? " 0 0,1 " : " 0 0,0 ");
+      point(fEnd);
+      stroke(pen, noFill);
+      break;
+    }
+    case lfCurve:
+      begin("<path", " d=\"M ").Pair(paper(p1.X), paper(p1.Y));
+      out.Raw(" C").Val(drawn(pa.X)).Raw(" ").Val(drawn(pa.Y)).Raw(" ");
+      out.Val(drawn(pb.X)).Raw(" ").Val(drawn(pb.Y)).Raw(" ").Pair(paper(p2.X), paper(p2.Y));
+      stroke(scaledPen, {}).Raw(" fill=\"transparent\"");
+      break;
+    case lfRound:
+      begin("<path", " d=\"M ").Pair(paper(p1.X), paper(p1.Y)).Raw(" C");
+      for (const TZORPto& p : fLinkPoints) out.Raw(" ").Pair(paper(p.bX), paper(p.bY));
+      out.Raw(" ").Pair(paper(p2.X), paper(p2.Y));
+      stroke(pen, noFill).Dash(fLineType).Raw(TExSVG::GetCap(true)).Raw("/>");
+      return out.Take();
+    default:
+      begin("<line", " x1=\"").Val(paper(p1.X)).Raw("\" y1=\"").Val(paper(p1.Y));
+      out.Raw("\" x2=\"").Val(paper(p2.X)).Raw("\" y2=\"").Val(paper(p2.Y));
+      stroke(scaledPen, {});
+  }
+  out.Dash(fLineType).Raw("/>");
+  return out.Take();
+}
+
+}  // namespace Zor::inline Line
