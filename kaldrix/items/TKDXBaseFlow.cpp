@@ -33,6 +33,13 @@ TKDXBaseFlow::TKDXBaseFlow(TKDXBaseLabel& aOwner, TKDXLayer& aLayer, bool aPrevi
 
 // Properties ------------------------------------------------------------------------
 
+void TKDXBaseFlow::SetFlowType(TZORFlowType aValue) {
+  if (aValue == fFlowType) return;
+  fFlowType = aValue;
+  UpdateBounds();  // The links of the node end in other places.
+  StateCalc();
+}
+
 void TKDXBaseFlow::SetShadowDX(Single aMM) { Lay(fShadowDX, HeldBase(aMM)); }
 void TKDXBaseFlow::SetShadowDY(Single aMM) { Lay(fShadowDY, HeldBase(aMM)); }
 void TKDXBaseFlow::SetPaddingX(Single aMM) { Lay(fPaddingX, std::max(HeldBase(aMM), 0)); }

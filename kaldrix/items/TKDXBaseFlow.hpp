@@ -33,7 +33,7 @@ class TKDXBaseFlow : public TStyledItem<TKDX2DItem>,
   void SetHeight(Single aValue) override { TKDX2DItem::SetHeight(aValue); }
   void SetWidth(Single aValue) override { TKDX2DItem::SetWidth(aValue); }
   // Not recorded, up to the gradient.
-  void SetFlowType(TZORFlowType aValue) { Lay(fFlowType, aValue); }
+  void SetFlowType(TZORFlowType aValue);
   /// Millimetres of paper.
   Single GetShadowDX() const { return GetBaseValue(fShadowDX); }
   Single GetShadowDY() const { return GetBaseValue(fShadowDY); }

@@ -162,4 +162,17 @@ inline void AddDressedTexts(TGrid& g, bool underlined) {
   }
 }
 
+/// Every outline, with two lines of text.
+inline void AddFlows(TGrid& g) {
+  for (int i = 0; i < EnumCount<TZORFlowType>; ++i) {
+    auto* flow = g.Doc().NewFlow(g.X(2), g.Y(4), g.Base(16), g.Base(12), static_cast<TZORFlowType>(i));
+    Styled(Filled(flow, i % 2 == 0 ? 0xFFFFE0C0 : 0), 0xFF0000C0, 0.3F);
+    flow->SetText("Ep\nfor");
+    flow->SetFontHeight(3);
+    flow->fBold = i % 3 == 0;
+    flow->fVertAlign = vaCenter;
+    g.Next();
+  }
+}
+
 }  // namespace Zor::Testing
