@@ -144,8 +144,10 @@ void PaintStroke(TSurface& aSurface, const TKDXBaseLink& aLink, const TPaper& mm
       pen.roundCap = true;
       break;
     }
-    default:
+    case lfChain:
       for (const TZORPto& point : aLink.fLinkPoints) path.LineTo(mm(point.bX), mm(point.bY));
+      [[fallthrough]];
+    case lfLine:
       path.LineTo(mm(aLink.p2.X), mm(aLink.p2.Y));
   }
   aSurface.Path(path, pen, {});

@@ -55,7 +55,7 @@ void TKDXBaseLink::AfterRead(TZORReadType aReadType) {
 }
 
 std::unique_ptr<TJsonObject> TKDXBaseLink::WriteJson() const {
-  TakeRoutedEnds();
+  TakeEnds();
   auto json = TStyledItem::WriteJson();
   json->Reserve(32);
   json->PutInt("LinkType", fLinkType);

@@ -161,8 +161,9 @@ struct TRoundAxis {
 
 /// A circle of more base points in centre or radius is none: the arc is a straight line.
 constexpr Int64 MostCircle = MaxCoordinate / 4;
-/// How far, in base points, a stored arc may run beside the points that it was made of.
-constexpr double ArcFault = 2;
+/// How far, in base points, a stored arc may run beside the points that it was made of: its circle is whole,
+/// and files round positions to thousandths of their unit.
+double ArcFault(TZORUnits aUnits) { return 2 + 2 * UnitFacts(aUnits).millimetres; }
 
 bool IsSane(const TBaseCircle& c) {
   const auto within = [](Int64 v) { return v >= -MostCircle && v <= MostCircle; };
@@ -184,7 +185,7 @@ void TKDXBaseLink::SetLinkType(TZOLinkType aType) {
 }
 
 void TKDXBaseLink::CalcLinkPoints(bool aUpdate) {
-  if (!TakeEnds()) {
+  if (!LookUpEnds()) {
     if (aUpdate) UpdateBounds();
     return;
   }
@@ -253,8 +254,9 @@ void TKDXBaseLink::CalcArc() {
 
 bool TKDXBaseLink::IsStoredArc() const {
   const TBaseCircle circle{fCx, fCy, fRadio};
-  const auto passes = [&circle](Int64 x, Int64 y) {
-    return std::fabs(circle.DistanceTo(x, y) - static_cast<double>(circle.r)) <= ArcFault;
+  const double fault = ArcFault(fOwner->fUnits);
+  const auto passes = [&circle, fault](Int64 x, Int64 y) {
+    return std::fabs(circle.DistanceTo(x, y) - static_cast<double>(circle.r)) <= fault;
   };
   return fLinkType == ltArc && fRadio > 0 && passes(p1.X, p1.Y) && passes(p2.X, p2.Y) &&
          passes(GetLinkPoint(1).bX, GetLinkPoint(1).bY);
@@ -263,7 +265,7 @@ bool TKDXBaseLink::IsStoredArc() const {
 void TKDXBaseLink::CalcValues(int aType) { aType == 2 ? CalcLinkPoints(true) : UpdateBounds(); }
 
 void TKDXBaseLink::FollowEnds() {
-  if (!TakeEnds()) return UpdateBounds();
+  if (!LookUpEnds()) return UpdateBounds();
   // An arc that a user drew keeps its shape until a node moves.
   const bool drawn = !fRouted && IsStoredArc();
   const bool stands = fRouted && p1 == fRoutedFrom && p2 == fRoutedTo;

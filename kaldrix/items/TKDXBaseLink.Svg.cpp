@@ -70,7 +70,7 @@ void TKDXBaseLink::Arrow(const TZORBase& a, const TZORBase& b, int aPos, int aPo
 
 void TKDXBaseLink::WriteSVG(TSvgList& svg, TSvgList& /*defs*/, TZORExportSVG aExportType, Single aFactor,
                             bool attrID) const {
-  if (!TakeRoutedEnds()) return;
+  if (!TakeEnds()) return;
   const TLinkForm form = Form();
   if (form == lfNone) return;
   svg.push_back(SvgStroke(form, aExportType, aFactor, attrID));

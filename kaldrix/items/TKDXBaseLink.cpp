@@ -36,7 +36,7 @@ const IZORLink* TKDXBaseLink::Node(int aID) const {
   return dynamic_cast<const IZORLink*>(fOwner->SearchItem(aID, false));
 }
 
-bool TKDXBaseLink::TakeEnds() const {
+bool TKDXBaseLink::LookUpEnds() const {
   if (fSeenGone != fOwner->GoneItems()) {
     fSeenGone = fOwner->GoneItems();
     fFromItem = fToItem = nullptr;
@@ -50,13 +50,13 @@ bool TKDXBaseLink::TakeEnds() const {
   return true;
 }
 
-bool TKDXBaseLink::TakeRoutedEnds() const {
+bool TKDXBaseLink::TakeEnds() const {
   fOwner->RouteLinks();
-  return TakeEnds();
+  return LookUpEnds();
 }
 
 void TKDXBaseLink::SetFromID(int aID) {
-  TakeEnds();
+  LookUpEnds();
   if (fFromID == aID && fFromItem != nullptr) return;
   fFromID = aID;
   fFromItem = nullptr;
@@ -64,7 +64,7 @@ void TKDXBaseLink::SetFromID(int aID) {
 }
 
 void TKDXBaseLink::SetToID(int aID) {
-  TakeEnds();
+  LookUpEnds();
   if (fToID == aID && fToItem != nullptr) return;
   fToID = aID;
   fToItem = nullptr;
@@ -97,7 +97,7 @@ bool TKDXBaseLink::IsAttachedToSelection() const {
   return selected(fFromID) || selected(fToID);
 }
 
-void TKDXBaseLink::ResolveReferences() { UpdateBounds(); }
+void TKDXBaseLink::ResolveReferences() { FollowEnds(); }
 
 // Properties ------------------------------------------------------------------------
 
@@ -133,6 +133,7 @@ bool TKDXBaseLink::SetLinkPoint(int aIndex, Single x, Single y) {
 
 bool TKDXBaseLink::SetBasePoint(int aIndex, Int64 x, Int64 y, bool aUpdate) {
   if (!HasLinkPoint(aIndex)) return false;
+  fOwner->RouteLinks();
   fLinkPoints[static_cast<std::size_t>(aIndex - 1)].SetBase(x, y);
   if (aUpdate) {
     CalcValues(1);
@@ -148,7 +149,7 @@ bool TKDXBaseLink::MoveBasePoint(int aIndex, Int64 dx, Int64 dy) {
 }
 
 bool TKDXBaseLink::InsertPoint(Int64 bx, Int64 by, int gap) {
-  if (fLinkType != ltPolyline || !TakeRoutedEnds()) return false;
+  if (fLinkType != ltPolyline || !TakeEnds()) return false;
   const int segment = PickLines(Route(), false, bx, by, gap);
   if (segment < 1) return false;
   fLinkPoints.insert(fLinkPoints.begin() + (segment - 1), TZORPto{bx, by});
@@ -159,7 +160,7 @@ bool TKDXBaseLink::InsertPoint(Int64 bx, Int64 by, int gap) {
 // Picking and extent ----------------------------------------------------------------
 
 bool TKDXBaseLink::Pick(Int64 ax, Int64 ay, int gap, bool aInt) const {
-  if (!TakeRoutedEnds() || !TKDXBaseItem::Pick(ax, ay, gap, aInt)) return false;
+  if (!TakeEnds() || !TKDXBaseItem::Pick(ax, ay, gap, aInt)) return false;
   switch (Form()) {
     case lfLine:
       // Intended: a routing of several legs that found none is drawn, but not hit.
@@ -180,7 +181,7 @@ bool TKDXBaseLink::Pick(Int64 ax, Int64 ay, int gap, bool aInt) const {
 bool TKDXBaseLink::PickLine(Int64 x, Int64 y, int gap) const {
   if (p1.X == p2.X) return WideInRange(y, p1.Y, p2.Y);
   if (p1.Y == p2.Y) return WideInRange(x, p1.X, p2.X);
-  return PickLines(Route(), false, x, y, gap) >= 1;
+  return PickLines({{p1.X, p1.Y}, {p2.X, p2.Y}}, false, x, y, gap) >= 1;
 }
 
 bool TKDXBaseLink::PickRound(Int64 x, Int64 y, int gap) const {
@@ -193,11 +194,11 @@ bool TKDXBaseLink::PickRound(Int64 x, Int64 y, int gap) const {
 }
 
 bool TKDXBaseLink::SearchRect(const TZORRect& aRect, bool aInt) const {
-  return TakeRoutedEnds() && TKDXBaseItem::SearchRect(aRect, aInt);
+  return TakeEnds() && TKDXBaseItem::SearchRect(aRect, aInt);
 }
 
 void TKDXBaseLink::CheckFit(Int64& aMinX, Int64& aMaxX, Int64& aMinY, Int64& aMaxY) const {
-  if (!TakeRoutedEnds()) return;
+  if (!TakeEnds()) return;
   const Int64 half = fPenWidth / 2, term = fOwner->fSettings->fTermSize;
   TFitExtent fit(aMinX, aMaxX, aMinY, aMaxY);
   fit.Add({p1.X, p1.Y}, fFromType == ttNone ? half : std::max(half, term));
@@ -215,11 +216,12 @@ void TKDXBaseLink::CheckFit(Int64& aMinX, Int64& aMaxX, Int64& aMinY, Int64& aMa
 
 void TKDXBaseLink::UpdateBounds() {
   if (fOwner->IsReading()) return;
-  if (!TakeEnds()) {
+  if (!LookUpEnds()) {
     fBoundsRect = TZORRect::EmptyRect();
     return;
   }
-  if (fLinkType == ltArc) CalcArc();
+  // An arc that was read is judged by FollowEnds first.
+  if (fLinkType == ltArc && fRouted) CalcArc();
   fBoundsRect = {p1.X, p1.Y, p2.X, p2.Y};
   fBoundsRect.NormalizeRect();
   for (const TZORPto& point : fLinkPoints) {
@@ -231,7 +233,7 @@ void TKDXBaseLink::UpdateBounds() {
 }
 
 TZORBase TKDXBaseLink::CenterPoint() const {
-  if (!TakeRoutedEnds()) return {};
+  if (!TakeEnds()) return {};
   const auto half = [](Int64 a, Int64 b) { return std::abs(Span(a, b)) / 2; };
   return {half(p1.X, p2.X), half(p1.Y, p2.Y)};
 }

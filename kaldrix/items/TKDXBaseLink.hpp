@@ -44,7 +44,8 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
   /// Negative positions become 0.
   void SetFromIndex(int aIndex);
   void SetToIndex(int aIndex);
-  /// Takes p1 and p2 from the nodes; false, and nothing taken, when one is missing.
+  /// Takes p1 and p2 from the nodes, and brings routes up to date when a node moved; false when a node is
+  /// missing. First thing to do in whatever looks at a link.
   bool TakeEnds() const;
 
   // Route -------------------------------------------------------------------
@@ -132,8 +133,7 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
  private:
   bool HasLinkPoint(int aIndex) const { return aIndex >= 1 && aIndex <= GetNumLinkPoints(); }
   const IZORLink* Node(int aID) const;
-  /// Brings routes up to date first, when a node moved.
-  bool TakeRoutedEnds() const;
+  bool LookUpEnds() const;
   void SizeLinkPoints();
   void CalcStep();
   void CalcRound();

@@ -154,6 +154,12 @@ void Dress(TKDXBaseItem& aItem) {
     term->SetSizeFrom(1.25F);
     term->SetSizeTo(4);
   }
+  if (auto* link = dynamic_cast<IZORSLink*>(&aItem)) {
+    link->SetFromType(ttArrow);
+    link->SetToType(ttFillCircle);
+    link->SetFromColor(0xFF00FF00);
+    link->SetToColor(0xFF0000FF);
+  }
   if (auto* bar = dynamic_cast<IZORBar1D2D*>(&aItem)) {
     bar->SetBarWidth(0.24F);
     bar->SetBarHeight(3.5F);
@@ -211,6 +217,13 @@ const TSetter Setters[] = {
     {"FromColor",
      [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetFromColor(0xFF00FFFF); }); }},
     {"ToColor", [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetToColor(0xFF00FFFF); }); }},
+    {"LinkFromType",
+     [](TKDXBaseItem& item) { With<IZORSLink>(item, [](auto& a) { a.SetFromType(ttCross); }); }},
+    {"LinkToType", [](TKDXBaseItem& item) { With<IZORSLink>(item, [](auto& a) { a.SetToType(ttSquare); }); }},
+    {"LinkFromColor",
+     [](TKDXBaseItem& item) { With<IZORSLink>(item, [](auto& a) { a.SetFromColor(0xFF00FFFF); }); }},
+    {"LinkToColor",
+     [](TKDXBaseItem& item) { With<IZORSLink>(item, [](auto& a) { a.SetToColor(0xFF00FFFF); }); }},
     {"SizeFrom", [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetSizeFrom(3.25F); }); }},
     {"SizeTo", [](TKDXBaseItem& item) { With<IZORSTerm>(item, [](auto& a) { a.SetBaseSizeTo(7000); }); }},
     {"Filled",
