@@ -87,6 +87,20 @@ TEST(Browser, ShowsTheSameFlowNodes) {
   EXPECT_LT(Strangers(png, browser), 20);
 }
 
+TEST(Browser, ShowsTheSameLinks) {
+  TKDXLabel doc;
+  SetLabelMM(doc, 80, 40);
+  TGrid grid(doc, 4);
+  AddLinks(grid);
+  TExportOptions options;
+  options.dpi = Dpi;
+  const TRendered browser = FromBrowser(ExportSvg(doc, options), 80, 40);
+  ASSERT_GT(browser.picture.width, 0);
+  const TRendered png = FromPng(ExportPng(doc, options), Dpi);
+  EXPECT_LT(Strangers(browser, png), 20);
+  EXPECT_LT(Strangers(png, browser), 20);
+}
+
 /// Barcodes turned in all directions, with the texts of those that group their digits.
 TEST(Browser, ShowsTheSameBarcodes) {
   TKDXLabel doc;

@@ -175,4 +175,24 @@ inline void AddFlows(TGrid& g) {
   }
 }
 
+/// Every routing between two points, with terminators and dashes. An arc stays below a half circle, which is
+/// all that its SVG tells.
+inline void AddLinks(TGrid& g) {
+  TKDXLabel& doc = g.Doc();
+  for (int i = 0; i < EnumCount<TZOLinkType>; ++i) {
+    const auto type = static_cast<TZOLinkType>(i);
+    const bool arc = type == ltArc;
+    const int from = doc.NewPoint(g.X(arc ? 2 : 4), g.Y(arc ? 14 : 4))->fInID;
+    const int to = doc.NewPoint(g.X(arc ? 18 : 16), g.Y(arc ? 14 : 15))->fInID;
+    auto* link = type == ltPolyline
+                     ? doc.NewPolyLink(from, to, 0, 0, type, {g.At(4, 10), g.At(10, 5), g.At(16, 5)}, 2)
+                     : doc.NewLink(from, to, 7, 15, type);
+    Styled(link, 0xFF0000C0, 0.5F, type == ltCurve ? ii42 : iiSolid);
+    link->fFromType = ttFillCircle;
+    link->fToType = ttFillArrow;
+    link->fToColor = 0xFFFF0000;
+    g.Next();
+  }
+}
+
 }  // namespace Zor::Testing
