@@ -270,23 +270,41 @@ double TShaper::WidthInEm(std::string_view text, const TFace& face) {
 }
 
 std::vector<TTextLine> TShaper::Break(std::string_view text, const TFace& face, double widthInEm) {
+  // Each line costs the rest of what is laid out, so that is a piece of a few lines at a time. The last of
+  // them, which the end of the piece may have cut, begins the next piece.
+  constexpr std::size_t shortest = 64, first = 512, few = 8;
   std::vector<TTextLine> lines;
-  std::size_t done = 0;
-  do {
-    const std::string_view run = WholeCharacters(text.substr(done), LongestRun);
-    pango_layout_set_single_paragraph_mode(fLayout.get(), TRUE);
-    const double units = SetText(run, face);
-    const double limit =
-        std::clamp(widthInEm * units * PANGO_SCALE, 0.0, static_cast<double>(G_MAXINT32 / 2));
-    pango_layout_set_width(fLayout.get(), static_cast<int>(limit));
-    for (const GSList* l = pango_layout_get_lines_readonly(fLayout.get()); l != nullptr; l = l->next) {
-      auto* line = static_cast<PangoLayoutLine*>(l->data);
-      lines.push_back({done + static_cast<std::size_t>(line->start_index),
-                       static_cast<std::size_t>(line->length), LineWidth(line) / units});
+  for (std::size_t done = 0, most = first;;) {
+    const std::string_view run = WholeCharacters(text.substr(done), most);
+    const std::size_t before = lines.size();
+    AppendLines(lines, run, done, face, widthInEm);
+    if (done + run.size() == text.size()) return lines;
+    const std::size_t count = lines.size() - before;
+    if (count > 1) {
+      done = lines.back().start;
+      lines.pop_back();
+      if (count > 2 * few) most = std::max(most / 2, shortest);
+      if (count < few) most = std::min(most * 2, LongestRun);
+    } else if (most < LongestRun) {
+      lines.pop_back();
+      most = std::min(most * 4, LongestRun);
+    } else {
+      done += run.size();
     }
-    done += run.size();
-  } while (done < text.size());
-  return lines;
+  }
+}
+
+void TShaper::AppendLines(std::vector<TTextLine>& lines, std::string_view run, std::size_t start,
+                          const TFace& face, double widthInEm) {
+  pango_layout_set_single_paragraph_mode(fLayout.get(), TRUE);
+  const double units = SetText(run, face);
+  const double limit = std::clamp(widthInEm * units * PANGO_SCALE, 0.0, static_cast<double>(G_MAXINT32 / 2));
+  pango_layout_set_width(fLayout.get(), static_cast<int>(limit));
+  for (const GSList* l = pango_layout_get_lines_readonly(fLayout.get()); l != nullptr; l = l->next) {
+    auto* line = static_cast<PangoLayoutLine*>(l->data);
+    lines.push_back({start + static_cast<std::size_t>(line->start_index),
+                     static_cast<std::size_t>(line->length), LineWidth(line) / units});
+  }
 }
 
 std::vector<std::string> TShaper::Families() const {

@@ -134,6 +134,9 @@ class TShaper {
   TFace LoadFace(const TFontSpec& font);
   bool ShapePlain(std::string_view text, const TFace& face);
   double SetText(std::string_view text, const TFace& face);
+  /// Lays out a text that begins at byte `start` of its paragraph.
+  void AppendLines(std::vector<TTextLine>& lines, std::string_view run, std::size_t start, const TFace& face,
+                   double widthInEm);
 
   std::unique_ptr<PangoFontMap, TGObjectFree> fMap;
   std::unique_ptr<PangoContext, TGObjectFree> fContext;

@@ -118,6 +118,33 @@ TEST(TFontEngine, BreaksLinesWithinTheWidth) {
   EXPECT_EQ(fonts.BreakLines("abc", font, 0).size(), 3U);
 }
 
+/// Where pieces of a long text meet nothing is to be seen: every line takes the words that it has room for.
+TEST(TFontEngine, BreaksALongTextAsAShortOne) {
+  TFontEngine fonts;
+  TFontSpec font;
+  std::string text;
+  for (int i = 0; i < 3000; ++i) text += std::to_string(i * 7919 % 1000003) + " ";
+  text.pop_back();
+  for (const double width : {60.0, 300.0, 4000.0}) {
+    std::size_t at = 0;
+    for (const TTextLine& line : fonts.BreakLines(text, font, width)) {
+      ASSERT_EQ(line.start, at);
+      EXPECT_LE(line.width, width);
+      at += line.length + 1;
+      if (at > text.size()) continue;
+      const std::string longer = text.substr(line.start, text.find(' ', at) - line.start);
+      EXPECT_GT(fonts.Measure(longer, font).width, width);
+    }
+    EXPECT_EQ(at, text.size() + 1);
+  }
+}
+
+/// Takes a part of a second; when each line cost the rest of the text, it took minutes.
+TEST(TFontEngine, BreaksALongWordInTimeThatGrowsWithIt) {
+  TFontEngine fonts;
+  EXPECT_EQ(fonts.BreakLines(std::string(100000, 'a'), {}, 0).size(), 100000U);
+}
+
 TEST(TFontEngine, NamesTheInstalledFamilies) {
   const auto names = TFontEngine().FontNames();
   EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
