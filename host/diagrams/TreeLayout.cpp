@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "host/diagrams/StraightRoute.hpp"
 #include "host/diagrams/TForest.hpp"
 #include "host/diagrams/TTidyTree.hpp"
 
@@ -236,7 +237,8 @@ class TTreeLayout {
   void AddRoutes() {
     for (std::size_t i = 0; i < fGraph.edges.size(); ++i) {
       const TLayoutEdge& edge = fGraph.edges[i];
-      fLayout.routes.push_back(fForest.Joins(i) ? BranchRoute(edge) : StraightRoute(edge));
+      fLayout.routes.push_back(fForest.Joins(i) ? BranchRoute(edge)
+                                                : StraightRoute(fGraph, fLayout.nodes, edge));
       const TLayoutPoint& label = fLayout.routes.back().label;
       if (edge.label.height > 0) Hold({label.x + edge.label.width, label.y + edge.label.height});
     }
@@ -259,25 +261,6 @@ class TTreeLayout {
     const TLayoutPoint& node = fLayout.nodes[Index(aNode)];
     return {node.x + aPort.at.x, node.y + aPort.at.y};
   }
-  /// From one node to any other, between the sides that face each other.
-  TLayoutRoute StraightRoute(const TLayoutEdge& aEdge) const {
-    const TLayoutPoint &a = fLayout.nodes[Index(aEdge.from)], &b = fLayout.nodes[Index(aEdge.to)];
-    const TLayoutSize &sizeA = Node(aEdge.from).size, &sizeB = Node(aEdge.to).size;
-    const double right = b.x - a.x - sizeA.width, left = a.x - b.x - sizeB.width;
-    const double down = b.y - a.y - sizeA.height, up = a.y - b.y - sizeB.height;
-    TLayoutSide from = right >= left ? lsdRight : lsdLeft, to = right >= left ? lsdLeft : lsdRight;
-    if (std::max(up, down) > std::max(left, right)) {
-      from = down >= up ? lsdBottom : lsdTop;
-      to = down >= up ? lsdTop : lsdBottom;
-    }
-    if (aEdge.from == aEdge.to) to = lsdBottom;
-    const TLayoutPort &start = MiddlePort(Node(aEdge.from), from), &end = MiddlePort(Node(aEdge.to), to);
-    const TLayoutPoint p = Place(aEdge.from, start), q = Place(aEdge.to, end);
-    const TLayoutPoint label{std::max(0.0, (p.x + q.x - aEdge.label.width) / 2),
-                             std::max(0.0, (p.y + q.y - aEdge.label.height) / 2)};
-    return {ltDirLine, start.position, end.position, {}, label};
-  }
-
   const TLayoutGraph& fGraph;
   TTreeGaps fGaps;
   TForest fForest;
