@@ -29,14 +29,16 @@ const TOutputFormat* FindFormat(std::string_view aName, bool aPictures) {
 
 }  // namespace
 
-void Output::AddOptions(CLI::App& aOptions, bool aPictures) {
+CLI::Option* Output::AddOptions(CLI::App& aOptions, bool aPictures) {
   fPictures = aPictures;
-  aOptions.add_option("-o,--output", fName, "The file to write; - writes to standard output")->required();
+  CLI::Option* name =
+      aOptions.add_option("-o,--output", fName, "The file to write; - writes to standard output")->required();
   aOptions.add_option("--format", fFormat, Words() + "; told by the output's suffix if not given")
       ->check([this](const std::string& word) {
         return FindFormat(word, fPictures) != nullptr ? std::string()
                                                       : "'" + word + "' is none of " + Words();
       });
+  return name;
 }
 
 std::string Output::Words() const { return fPictures ? "svg, png or pdf" : "svg, png, pdf, json or bin"; }
@@ -56,5 +58,7 @@ const TOutputFormat& Output::Format() const {
 void Output::Write(TKDXLabel& aDocument, const TExportOptions& aOptions) const {
   WriteOutput(fName, Format().make(aDocument, aOptions));
 }
+
+void Output::WriteBytes(std::string_view aBytes) const { WriteOutput(fName.empty() ? "-" : fName, aBytes); }
 
 }  // namespace Zor::Program

@@ -8,7 +8,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace Zor::Program {
 
@@ -21,11 +22,13 @@ struct TOutputFormat {
 /// Where a command writes to, and in which form.
 class Output {
  public:
-  /// Adds -o and --format. With `aPictures`, the document itself is no form.
-  void AddOptions(CLI::App& aOptions, bool aPictures);
+  /// Adds -o, which it gives, and --format. With `aPictures`, the document itself is no form.
+  CLI::Option* AddOptions(CLI::App& aOptions, bool aPictures);
   /// The form that was asked for, or that of the file's suffix. Raises CLI::ValidationError.
   const TOutputFormat& Format() const;
   void Write(TKDXLabel& aDocument, const TExportOptions& aOptions) const;
+  /// Writes something that is no document; to standard output when no name was told.
+  void WriteBytes(std::string_view aBytes) const;
 
  private:
   std::string Words() const;

@@ -7,6 +7,7 @@
 
 #include "apps/kaldrix/BarcodeCommand.hpp"
 #include "apps/kaldrix/CheckCommand.hpp"
+#include "apps/kaldrix/DiagramCommand.hpp"
 #include "apps/kaldrix/ExportCommand.hpp"
 #include "apps/kaldrix/InfoCommand.hpp"
 #include "apps/kaldrix/MessagesCommand.hpp"
@@ -25,6 +26,7 @@ TCommands MakeCommands(CLI::App& aProgram, const bool& aQuiet) {
   commands.push_back(std::make_unique<Zor::Program::ExportCommand>(aProgram));
   commands.push_back(std::make_unique<Zor::Program::PrintCommand>(aProgram, aQuiet));
   commands.push_back(std::make_unique<Zor::Program::BarcodeCommand>(aProgram));
+  commands.push_back(std::make_unique<Zor::Program::DiagramCommand>(aProgram));
   commands.push_back(std::make_unique<Zor::Program::InfoCommand>(aProgram));
   commands.push_back(std::make_unique<Zor::Program::CheckCommand>(aProgram));
   commands.push_back(std::make_unique<Zor::Program::MessagesCommand>(aProgram));

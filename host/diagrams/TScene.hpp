@@ -22,6 +22,7 @@ struct TSceneNode {
   TZORFlowType shape = ftProcess;
   std::string text;
   TAlphaColor fill = ColorWhite;
+  double fontHeight = 3.5;
 };
 
 /// A link of two nodes.

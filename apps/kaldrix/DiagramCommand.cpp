@@ -1,0 +1,105 @@
+#include "apps/kaldrix/DiagramCommand.hpp"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <map>
+
+#include "apps/kaldrix/Streams.hpp"
+#include "host/diagrams/DiagramLoader.hpp"
+#include "kaldrix/diagrams/DiagramToJson.hpp"
+#include "kaldrix/diagrams/ZORParseDiagram.hpp"
+#include "kaldrix/platform/Ansi.hpp"
+#include "kaldrix/platform/Utf8.hpp"
+
+namespace Zor::Program {
+
+namespace {
+
+const std::map<std::string, TZORDiagramFormat> Languages{{"mermaid", dgMermaid}, {"plantuml", dgPlantUML}};
+const std::map<std::string, TZOREditorMode> Modes{{"labelling", emLabelling},
+                                                  {"flowchart", emFlowChart},
+                                                  {"drawing", emDrawing},
+                                                  {"interactive", emInteractive}};
+
+/// The text in UTF-8, its lines ended by a line feed, so that they are counted as editors do.
+std::string DiagramText(std::string aBytes) {
+  if (!Utf8::IsValid(aBytes)) aBytes = AnsiToUtf8(aBytes);
+  std::string text;
+  text.reserve(aBytes.size());
+  for (std::size_t i = 0; i < aBytes.size(); ++i) {
+    const bool pair = aBytes[i] == '\r' && i + 1 < aBytes.size() && aBytes[i + 1] == '\n';
+    if (!pair) text += aBytes[i];
+  }
+  return text;
+}
+
+std::string NameOf(const std::string& aInput) { return aInput == "-" ? "standard input" : aInput; }
+
+void TellOne(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) {
+  std::cerr << aFile << ':';
+  if (aDiagnostic.Line > 0) std::cerr << aDiagnostic.Line << ':';
+  std::cerr << ' ' << aDiagnostic.Code << ": " << aDiagnostic.MessageText << '\n';
+}
+
+}  // namespace
+
+DiagramCommand::DiagramCommand(CLI::App& aProgram)
+    : Command(aProgram, "diagram", "Draw a Mermaid or PlantUML text") {
+  Options().add_option("input", fInput, "The text; - reads standard input")->required();
+  CLI::Option* output = fOutput.AddOptions(Options(), false)->required(false);
+  CLI::Option* model =
+      Options().add_flag("--json", fModel, "Write what the text says, and what is wrong with it, as JSON");
+  Options()
+      .add_option("--format-in", fLanguage, "mermaid or plantuml; told by suffix and text if not given")
+      ->transform(CLI::CheckedTransformer(Languages));
+  Options().add_flag("--strict", fStrict, "The first warning is an error");
+  Options()
+      .add_option("--mode", fMode, "Of the drawing: labelling, flowchart, drawing or interactive")
+      ->transform(CLI::CheckedTransformer(Modes))
+      ->default_str("flowchart");
+  Options()
+      .add_option("--dpi", fOptions.dpi, "Dots per inch of a PNG")
+      ->check(CLI::Range(1.0, 9600.0))
+      ->capture_default_str();
+  Options().parse_complete_callback([this, output, model] {
+    if (model->count() > 0) return;
+    if (output->count() == 0) throw CLI::RequiredError("--output");
+    fOutput.Format();
+  });
+}
+
+TZORDiagramFormat DiagramCommand::Language() const {
+  return fLanguage == dgAuto ? ZORDiagramFormatFromExt(fInput) : fLanguage;
+}
+
+bool DiagramCommand::IsGood(const TKDXDiagramModel& aModel) const {
+  return !aModel.HasDiagnostics(fStrict ? dsWarning : dsError);
+}
+
+void DiagramCommand::Tell(const TKDXDiagramModel& aModel) const {
+  for (const TZORDiagramDiagnostic& diagnostic : aModel.fDiagnostics) {
+    TellOne(NameOf(fInput), diagnostic);
+    if (fStrict && diagnostic.Severity >= dsWarning) return;
+  }
+}
+
+void DiagramCommand::Draw(TKDXDiagramModel& aModel) const {
+  TKDXLabel document;
+  document.SetEditorMode(fMode);
+  DrawDiagram(document, aModel, dpgFit);
+  fOutput.Write(document, fOptions);
+}
+
+int DiagramCommand::Run() const {
+  const auto model = ZORParseDiagram(DiagramText(ReadInput(fInput)), Language());
+  const bool good = IsGood(*model);
+  if (fModel) {
+    fOutput.WriteBytes(DiagramToJson(*model)->ToJSON(false) + '\n');
+  } else {
+    Tell(*model);
+    if (good) Draw(*model);
+  }
+  return good ? 0 : 1;
+}
+
+}  // namespace Zor::Program
