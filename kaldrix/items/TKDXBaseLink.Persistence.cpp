@@ -51,7 +51,8 @@ void TKDXBaseLink::AfterRead(TZORReadType aReadType) {
   fFromIndex = std::max<std::int16_t>(fFromIndex, 0);
   fToIndex = std::max<std::int16_t>(fToIndex, 0);
   if (fLinkType == ltArc || fLinkType == ltRoundCorner) SizeLinkPoints();
-  fRouted = false;
+  fRouted = fDrawn = false;
+  fJustRead = true;
 }
 
 std::unique_ptr<TJsonObject> TKDXBaseLink::WriteJson() const {

@@ -163,11 +163,23 @@ struct TRoundAxis {
 constexpr Int64 MostCircle = MaxCoordinate / 4;
 /// How far, in base points, a stored arc may run beside the points that it was made of: its circle is whole,
 /// and files round positions to thousandths of their unit.
-double ArcFault(TZORUnits aUnits) { return 2 + 2 * UnitFacts(aUnits).millimetres; }
+double ArcFault(TZORUnits aUnits, double aRadius) {
+  constexpr double calculation = 1e-12;
+  return 2 + 2 * UnitFacts(aUnits).millimetres + calculation * aRadius;
+}
 
 bool IsSane(const TBaseCircle& c) {
   const auto within = [](Int64 v) { return v >= -MostCircle && v <= MostCircle; };
   return within(c.x) && within(c.y) && c.r > 0 && c.r <= MostCircle;
+}
+
+TBaseCircle CircleOver(const TZORBase& p1, const TZORPto& aBetween, const TZORBase& p2) {
+  TBaseCircle circle;
+  double start = 0, end = 0, sweep = 0;
+  bool clockWise = false;
+  const bool made = TDraw2D::ArcThreePoints(p1.X, p1.Y, aBetween.bX, aBetween.bY, p2.X, p2.Y, circle.x,
+                                            circle.y, circle.r, start, end, sweep, clockWise);
+  return made ? circle : TBaseCircle{};
 }
 
 }  // namespace
@@ -181,6 +193,12 @@ void TKDXBaseLink::SetLinkType(TZOLinkType aType) {
   if (fLinkType == aType) return;
   fLinkType = aType;
   SizeLinkPoints();
+  Reroute();
+}
+
+void TKDXBaseLink::Reroute() {
+  fRouted = fJustRead = fDrawn = false;
+  fKept.reset();
   StateCalc();
 }
 
@@ -213,10 +231,16 @@ void TKDXBaseLink::CalcLinkPoints(bool aUpdate) {
       CalcRound();
       break;
   }
+  fDrawn = false;
+  NoteRoute();
+  if (aUpdate) UpdateBounds();
+}
+
+void TKDXBaseLink::NoteRoute() {
+  fJustRead = false;
   fRouted = true;
   fRoutedFrom = p1;
   fRoutedTo = p2;
-  if (aUpdate) UpdateBounds();
 }
 
 void TKDXBaseLink::CalcStep() {
@@ -253,26 +277,33 @@ void TKDXBaseLink::CalcArc() {
 }
 
 bool TKDXBaseLink::IsStoredArc() const {
+  if (fLinkType != ltArc || fLinkPoints.empty()) return false;
+  const TZORPto between = fLinkPoints.front();
   const TBaseCircle circle{fCx, fCy, fRadio};
-  const double fault = ArcFault(fOwner->fUnits);
-  const auto passes = [&circle, fault](Int64 x, Int64 y) {
-    return std::fabs(circle.DistanceTo(x, y) - static_cast<double>(circle.r)) <= fault;
-  };
-  return fLinkType == ltArc && fRadio > 0 && passes(p1.X, p1.Y) && passes(p2.X, p2.Y) &&
-         passes(GetLinkPoint(1).bX, GetLinkPoint(1).bY);
+  // A user may have drawn it straight; but a file without a route is no such case.
+  if (fRadio == 0) return between != TZORPto{} && !IsSane(CircleOver(p1, between, p2));
+  const double radius = static_cast<double>(fRadio), fault = ArcFault(fOwner->fUnits, radius);
+  const auto passes = [&](Int64 x, Int64 y) { return std::fabs(circle.DistanceTo(x, y) - radius) <= fault; };
+  return fRadio > 0 && passes(p1.X, p1.Y) && passes(p2.X, p2.Y) && passes(between.bX, between.bY);
 }
 
-void TKDXBaseLink::CalcValues(int aType) { aType == 2 ? CalcLinkPoints(true) : UpdateBounds(); }
+void TKDXBaseLink::CalcValues(int aType) { aType == 2 ? FollowEnds() : UpdateBounds(); }
 
 void TKDXBaseLink::FollowEnds() {
   if (!LookUpEnds()) return UpdateBounds();
-  // An arc that a user drew keeps its shape until a node moves.
-  const bool drawn = !fRouted && IsStoredArc();
   const bool stands = fRouted && p1 == fRoutedFrom && p2 == fRoutedTo;
-  if (!drawn && !stands) return CalcLinkPoints(true);
-  fRouted = true;
-  fRoutedFrom = p1;
-  fRoutedTo = p2;
+  if (fJustRead && IsStoredArc()) {
+    fDrawn = true;
+  } else if (!stands && fKept != nullptr && p1 == fKept->from && p2 == fKept->to) {
+    fLinkPoints = fKept->points;
+    fDrawn = true;
+  } else if (!stands) {
+    if (fRouted && fDrawn && fLinkType != ltPolyline) {
+      fKept = std::make_unique<TKeptRoute>(TKeptRoute{fRoutedFrom, fRoutedTo, fLinkPoints});
+    }
+    return CalcLinkPoints(true);
+  }
+  NoteRoute();
   UpdateBounds();
 }
 

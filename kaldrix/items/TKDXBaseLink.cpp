@@ -60,7 +60,7 @@ void TKDXBaseLink::SetFromID(int aID) {
   if (fFromID == aID && fFromItem != nullptr) return;
   fFromID = aID;
   fFromItem = nullptr;
-  StateCalc();
+  Reroute();
 }
 
 void TKDXBaseLink::SetToID(int aID) {
@@ -68,7 +68,7 @@ void TKDXBaseLink::SetToID(int aID) {
   if (fToID == aID && fToItem != nullptr) return;
   fToID = aID;
   fToItem = nullptr;
-  StateCalc();
+  Reroute();
 }
 
 namespace {
@@ -80,13 +80,13 @@ std::int16_t Position(int aIndex) { return static_cast<std::int16_t>(std::clamp(
 void TKDXBaseLink::SetFromIndex(int aIndex) {
   if (fFromIndex == Position(aIndex)) return;
   fFromIndex = Position(aIndex);
-  StateCalc();
+  Reroute();
 }
 
 void TKDXBaseLink::SetToIndex(int aIndex) {
   if (fToIndex == Position(aIndex)) return;
   fToIndex = Position(aIndex);
-  StateCalc();
+  Reroute();
 }
 
 bool TKDXBaseLink::IsAttachedToSelection() const {
@@ -135,6 +135,7 @@ bool TKDXBaseLink::SetBasePoint(int aIndex, Int64 x, Int64 y, bool aUpdate) {
   if (!HasLinkPoint(aIndex)) return false;
   fOwner->RouteLinks();
   fLinkPoints[static_cast<std::size_t>(aIndex - 1)].SetBase(x, y);
+  fDrawn = true;
   if (aUpdate) {
     CalcValues(1);
     StateUpdate();

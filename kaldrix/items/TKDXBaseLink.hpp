@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 
 #include "kaldrix/items/TStyledItem.hpp"
 
@@ -143,9 +144,21 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
   bool PickRound(Int64 x, Int64 y, int gap) const;
   std::string SvgStroke(TLinkForm aForm, TZORExportSVG aExportType, Single aFactor, bool attrID) const;
 
+  /// A route for two places of the ends.
+  struct TKeptRoute {
+    TZORBase from, to;
+    TZORPtoA points;
+  };
+  void NoteRoute();
+  void Reroute();
+
   mutable unsigned fSeenGone = 0;  ///< of the document when the ends were looked up
+  bool fJustRead = false;          ///< the route is that of a file, which may not fit the nodes
   bool fRouted = false;            ///< has a route for the two places below
+  bool fDrawn = false;             ///< by a user, not by the routing
   TZORBase fRoutedFrom, fRoutedTo;
+  /// What a user drew before a node moved: the undo of that move brings it back.
+  std::unique_ptr<TKeptRoute> fKept;
 };
 
 }  // namespace Zor::inline Line

@@ -347,6 +347,10 @@ TEST(Link, EveryRoutingComesBackFromAFile) {
 
 TEST(Link, AnArcThatWasDrawnStaysUntilANodeMoves) {
   TLinked linked(Upper, Lower, ltArc);
+  ASSERT_TRUE(linked.link->SetBasePoint(1, 40000, 50000, true));
+  TBareLabel straight;
+  Load(straight, Saved(linked.doc));
+  EXPECT_EQ(Json(*straight.GetItem(1)), Json(*linked.link));
   ASSERT_TRUE(linked.link->SetBasePoint(1, 50000, 30000, true));
   TBareLabel other;
   Load(other, Saved(linked.doc));
@@ -356,6 +360,30 @@ TEST(Link, AnArcThatWasDrawnStaysUntilANodeMoves) {
   other.SearchItem(linked.from->fInID, false)->BaseMove(2000, 0, 0, 0, moAll, true);
   other.CalcPending();
   EXPECT_EQ(link->GetLinkPoint(1), (TZORPto{41000, 75000}));
+}
+
+TEST(Link, WhatWasDrawnComesBackWithItsNodes) {
+  struct {
+    TZOLinkType type;
+    TZORPto drawn;
+  } const cases[] = {{ltArc, {50000, 30000}}, {ltArc, {40000, 50000}}, {ltStepLineTwoPto, {15000, 15000}}};
+  for (const auto& c : cases) {
+    TLinked linked(Upper, Lower, c.type);
+    linked.link->SetBasePoint(1, c.drawn.bX, c.drawn.bY, true);
+    const std::string before = linked.doc.GetJsonString(true);
+    linked.from->BaseMove(1000, 0, 0, 0, moAll, true);
+    linked.to->BaseMove(1000, 0, 0, 0, moAll, true);
+    linked.doc.CalcPending();
+    EXPECT_NE(linked.link->GetLinkPoint(1), c.drawn);
+    linked.doc.Undo();
+    EXPECT_NE(linked.link->GetLinkPoint(1), c.drawn);
+    linked.doc.Undo();
+    EXPECT_EQ(linked.doc.GetJsonString(true), before);
+    linked.link->SetLinkType(ltDirLine);
+    linked.link->SetLinkType(c.type);
+    linked.doc.CalcPending();
+    EXPECT_NE(linked.link->GetLinkPoint(1), c.drawn);
+  }
 }
 
 TEST(Link, AFileWithoutARouteGetsOne) {
