@@ -14,6 +14,9 @@ namespace {
 
 // Between a label, its link and the node where it ends, millimetres.
 constexpr double LabelGap = 1;
+/// A gap between levels has this share of the height over which its curves spread, up to a multiple of what
+/// it has at least.
+constexpr double FanShare = 0.12, MostWidening = 2;
 
 std::size_t Index(int aNode) { return static_cast<std::size_t>(aNode); }
 
@@ -33,6 +36,7 @@ class TTreeLayout {
         fForest(aGraph),
         fBranches(aGraph.nodes.size()),
         fTidyNodes(aGraph.nodes.size()),
+        fHeights(aGraph.nodes.size()),
         fTidy(fForest, fTidyNodes, {aGaps.sibling, aGaps.subtree}) {}
 
   TLayout Layout() {
@@ -92,6 +96,7 @@ class TTreeLayout {
   }
 
   TExtent PlaceTree(std::span<const int> aTree) {
+    MeasureHeights(aTree);
     ChooseHalves(aTree);
     MeasureColumns(aTree);
     TidyTree(aTree);
@@ -117,14 +122,16 @@ class TTreeLayout {
       if (parent.depth > 0) Branch(node).backward = parent.backward;
     }
   }
-  /// How many of the root's branches make up about half of the height.
-  std::size_t ForwardBranches(std::span<const int> aTree) {
-    fHeights.resize(fGraph.nodes.size());
-    for (std::size_t i = aTree.size(); i-- > 1;) {
+  /// About how high the subtrees are.
+  void MeasureHeights(std::span<const int> aTree) {
+    for (std::size_t i = aTree.size(); i-- > 0;) {
       const std::size_t node = Index(aTree[i]);
       fHeights[node] = std::max(fHeights[node], Across(Node(aTree[i]).size) + fGaps.sibling);
-      fHeights[Index(fForest.Parent(aTree[i]))] += fHeights[node];
+      if (i > 0) fHeights[Index(fForest.Parent(aTree[i]))] += fHeights[node];
     }
+  }
+  /// How many of the root's branches make up about half of the height.
+  std::size_t ForwardBranches(std::span<const int> aTree) {
     double forward = 0;
     std::size_t count = 0;
     for (const int branch : fForest.Children(aTree[0])) {
@@ -146,10 +153,29 @@ class TTreeLayout {
       columns[depth].size = std::max(columns[depth].size, Along(Node(node).size));
       columns[depth].gap = std::max(columns[depth].gap, LabelRoom(Branch(node).label));
     }
+    if (fGraph.leftRight) WidenForFans(aTree);
     for (std::vector<TColumn>& columns : fColumns) {
       for (std::size_t i = 1; i < columns.size(); ++i) {
         columns[i].start = columns[i - 1].start + columns[i - 1].size + columns[i].gap;
       }
+    }
+  }
+  /// Curves to many children would be steep.
+  void WidenForFans(std::span<const int> aTree) {
+    const double most = fGaps.level * MostWidening;
+    struct TFan {
+      double first = 0, all = 0;  ///< heights of the children so far
+    };
+    std::array<TFan, 2> fans;  // forward, backward
+    for (std::size_t i = 1; i < aTree.size(); ++i) {
+      const int node = aTree[i];
+      if (fForest.Parent(node) != fForest.Parent(aTree[i - 1])) fans = {};
+      TFan& fan = fans[IsBackward(node) ? 1 : 0];
+      const double height = fHeights[Index(node)];
+      if (fan.all == 0) fan.first = height;
+      fan.all += height;
+      TColumn& column = Columns(node)[Index(Branch(node).depth)];
+      column.gap = std::max(column.gap, std::min(most, (fan.all - (fan.first + height) / 2) * FanShare));
     }
   }
   /// Between two levels; steps turn half way.
@@ -266,9 +292,9 @@ class TTreeLayout {
   TForest fForest;
   std::vector<TBranch> fBranches;     ///< by node
   std::vector<TTidyNode> fTidyNodes;  ///< by node
+  std::vector<double> fHeights;       ///< by node, of its subtree
   TTidyTree fTidy;
   std::array<std::vector<TColumn>, 2> fColumns;  ///< of one tree: forward, backward
-  std::vector<double> fHeights;                  ///< by node; of whole subtrees, when halves are balanced
   double fAcross = 0;                            ///< where the next tree begins
   TLayout fLayout;
 };

@@ -7,7 +7,7 @@ namespace Zor::inline Host {
 
 /// Millimetres.
 struct TTreeGaps {
-  double level = 14;   ///< between a node and its children
+  double level = 14;   ///< between a node and its children; up to twice that for curves that spread far
   double sibling = 4;  ///< between children of one node
   double subtree = 6;  ///< between nodes of different parents
   double tree = 10;    ///< between trees

@@ -161,7 +161,7 @@ TEST(TreeLayout, TakesDeepWideAndManyTrees) {
     TLayoutGraph graph = Tree(std::vector<TLayoutNode>(Count, BoxNode(20, 10)), {});
     for (int i = 1; i < Count && step >= 0; ++i) graph.edges.push_back({step == 1 ? i - 1 : 0, i, {}});
     const TLayout layout = TreeLayout(graph);
-    EXPECT_NEAR(layout.size.width, step == 1 ? 34.0 * Count - 14 : step == 0 ? 54 : 20, 1e-3);
+    EXPECT_NEAR(layout.size.width, step == 1 ? 34.0 * Count - 14 : step == 0 ? 68 : 20, 1e-3);
     EXPECT_NEAR(layout.size.height,
                 step == 1   ? 10
                 : step == 0 ? 14.0 * (Count - 1) - 4
