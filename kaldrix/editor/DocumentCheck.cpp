@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/items/TKDXBaseLink.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Base {
@@ -117,6 +118,21 @@ void CheckIdentities(const TKDXBaseLabel& aDocument, TFindings& aFindings) {
   }
 }
 
+/// A link without both its nodes is kept, but not drawn.
+void CheckLinks(TKDXFileLabel& aDocument, TFindings& aFindings) {
+  int index = -1;
+  for (const TKDXBaseItem* item : aDocument.fItems) {
+    ++index;
+    const auto* link = dynamic_cast<const TKDXBaseLink*>(item);
+    if (link == nullptr) continue;
+    for (const auto& [key, id] : {std::pair(".FromID", link->fFromID), std::pair(".ToID", link->fToID)}) {
+      if (dynamic_cast<const IZORLink*>(aDocument.SearchItem(id, false)) != nullptr) continue;
+      aFindings.push_back(Entry(index) + key + ": " + std::to_string(id) +
+                          " is the InID of no item that links end on");
+    }
+  }
+}
+
 void CheckSizes(const TKDXBaseLabel& aDocument, TFindings& aFindings) {
   const TKDXMeasure& measure = *aDocument.fMeasure;
   const auto check = [&](const char* aName, int aSize) {
@@ -193,6 +209,7 @@ std::vector<std::string> CheckDocument(TKDXFileLabel& aScratch, std::string_view
       aScratch.EndRead(false);
     }
     CheckIdentities(aScratch, findings);
+    CheckLinks(aScratch, findings);
     CheckSizes(aScratch, findings);
   } catch (const Exception& error) {
     findings.emplace_back(error.what());

@@ -64,5 +64,17 @@ TEST(DocumentCheckTest, TellsWhatCannotBeReadAndIdentitiesThatRepeat) {
   EXPECT_TRUE(Tells(findings, "Items[1].ID: \"LINE001\" is that of Items[0]"));
 }
 
+TEST(DocumentCheckTest, TellsLinksWithoutNodes) {
+  TBareLabel document;
+  const int line = document.NewLine(0, 0, 5, 5)->fInID, node = document.NewPoint(0, 0)->fInID;
+  document.NewLink(node, line, 0, 0, ltDirLine);
+  document.NewLink(77, node, 0, 0, ltArc);
+  document.CalcPending();
+  EXPECT_EQ(Check(document.GetJsonString(true)),
+            (std::vector<std::string>{
+                "Items[2].ToID: " + std::to_string(line) + " is the InID of no item that links end on",
+                "Items[3].FromID: 77 is the InID of no item that links end on"}));
+}
+
 }  // namespace
 }  // namespace Zor

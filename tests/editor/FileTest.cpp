@@ -102,7 +102,7 @@ TEST(FileTest, ErrorsNameThePlace) {
   };
   const TCase cases[] = {
       {R"({"Version":3200,"Items":[{"Type":2},{"Type":99}]})", "Items[1]: unknown item type 99"},
-      {R"({"Version":3200,"Items":[{"Type":18}]})", "Items[0]: no class for items of type 18 (Link)"},
+      {R"({"Version":3200,"Items":[{"Type":20}]})", "Items[0]: no class for items of type 20 (Polytext)"},
       {R"({"Version":3200,"Items":[{"Type":2,"LineType":12}]})",
        "Items[0]: \"LineType\": 12 is not a known value"},
       {R"({"Version":3200,"Items":[{"Type":2,"Points":[{"X":1e30,"Y":0}]}]})",
