@@ -57,6 +57,12 @@ constexpr THostile HostileDocuments[] = {
      R"({"Version":3200,"Units":1,"Items":[{"Type":17,"ID":"a","FlowType":3,"PaddingX":1,"Filled":true,
 "Points":[{"X":1,"Y":1},{"X":2,"Y":2}],"Interline":9,"Font":{"Name":"b","FontHeight":2e6},"Text":"c\u00e9\r\nd","TextPos":[
 {"FromPos":2147483647,"ToPos":2147483647,"BaseX":9223372036854775807},{"FromPos":-2147483648,"ToPos":9},{"ToPos":-1}]}]})"},
+    {"links",
+     R"({"Version":3200,"Units":1,"Items":[{"Type":18,"InID":9,"LinkType":4,"FromID":1,"ToID":2,"FromType":3,"ToType":1,
+"LinkPoints":[{"BaseX":9000,"BaseY":1}]},{"Type":18,"InID":8,"LinkType":3,"FromID":1,"FromIndex":3,"ToID":2,"ToIndex":11},
+{"Type":18,"InID":7,"LinkType":7,"FromID":2,"ToID":7},{"Type":18,"InID":6,"LinkType":6,"FromID":2,"ToID":1,"LinkPoints":
+[{"BaseX":-2305843009213693952},{"BaseY":2305843009213693952}]},{"Type":1,"InID":1,"Points":[{"X":0.12345,"Y":2e9}]},
+{"Type":1,"InID":2,"Points":[{"X":3,"Y":4}]}]})"},
     {"flowchart", R"({"Version":3200,"EditorMode":1,"Layers":[{"Name":"a"},{"Name":"b","BoxFrame":true}],
 "Counters":[{"Name":"n","Start":-9223372036854775808}],"Items":[{"Type":10,"Text":"\u0000\ud800\r\n\t"}]})"},
 };

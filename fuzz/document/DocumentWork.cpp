@@ -2,6 +2,7 @@
 
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <set>
@@ -79,6 +80,14 @@ void DropPadding(TBareLabel& aDocument) {
   }
 }
 
+/// Positions are written with three decimals of the document's unit, the routes of links in base points:
+/// beyond millimetres, the first reading of a form moves the nodes and with them the routes.
+bool HasRoutesBesideNodes(const TBareLabel& aDocument) {
+  return aDocument.fUnits != unMM &&
+         std::any_of(aDocument.fItems.begin(), aDocument.fItems.end(),
+                     [](const TKDXBaseItem* item) { return item->fItemType == itLink; });
+}
+
 void Look(const TBareLabel& aDocument) {
   Int64 minX = -1, maxX = -1, minY = -1, maxY = -1;
   aDocument.CheckFit(minX, maxX, minY, maxY);
@@ -154,7 +163,7 @@ void WorkOnDocument(std::string_view aBytes) {
   if (!wasRead) return;
   Export(document);
   DropPadding(document);
-  RoundTrip(document, !TBareLabel::IsBinary(aBytes));
+  RoundTrip(document, !TBareLabel::IsBinary(aBytes) && !HasRoutesBesideNodes(document));
   Look(document);
   Edit(document);
   Paste(document);
