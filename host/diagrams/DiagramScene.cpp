@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/diagrams/FishboneLayout.hpp"
 #include "host/diagrams/FlowShapes.hpp"
 #include "host/diagrams/SequenceScene.hpp"
 #include "host/diagrams/TTextBlock.hpp"
@@ -87,7 +88,23 @@ TScene LayeredScene(TFontEngine& aFonts, const TKDXDiagramModel& aModel) {
 
 TScene TreeScene(TFontEngine& aFonts, const TKDXDiagramModel& aModel) {
   TGraphScene scene(aFonts, aModel);
-  return scene.Placed(TreeLayout(scene.Graph()));
+  TTreeGaps gaps;
+  // The root of a mind map is round, that of other trees is not.
+  gaps.balanced = !aModel.fNodes.empty() && aModel.fNodes.front().Shape == ftEllipse;
+  return scene.Placed(TreeLayout(scene.Graph(), gaps));
+}
+
+TScene FishboneScene(TFontEngine& aFonts, const TKDXDiagramModel& aModel) {
+  TGraphScene graph(aFonts, aModel);
+  TFishbone fishbone = FishboneLayout(graph.Graph());
+  TScene scene = graph.Placed(std::move(fishbone.layout));
+  scene.lines = std::move(fishbone.lines);
+  std::vector<TSceneLink> links;
+  for (std::size_t i = 0; i < scene.links.size(); ++i) {
+    if (!fishbone.drawn[i]) links.push_back(std::move(scene.links[i]));
+  }
+  scene.links = std::move(links);
+  return scene;
 }
 
 void Shift(TScene& aScene, double aRight, double aDown) {
@@ -117,7 +134,7 @@ void AddTitle(TFontEngine& aFonts, TScene& aScene, const std::string& aTitle) {
 
 using TMakeScene = TScene (*)(TFontEngine&, const TKDXDiagramModel&);
 // By ordinal of TZORDiagramKind.
-constexpr std::array<TMakeScene, 4> Makers{LayeredScene, SequenceScene, TreeScene, LayeredScene};
+constexpr std::array<TMakeScene, 4> Makers{LayeredScene, SequenceScene, TreeScene, FishboneScene};
 
 }  // namespace
 

@@ -163,7 +163,7 @@ class TSequenceLayout {
       if (last > first) box.width = std::max(size.width, last - first + 2 * NoteOverhang);
       box.x = (first + last - box.width) / 2;
     }
-    fScene.nodes.push_back({box, ftProcess, aEvent.text, NoteColor});
+    fScene.nodes.push_back({box, ftProcess, aEvent.text, NoteColor, fOptions.fontHeight});
     fY += size.height;
   }
 
