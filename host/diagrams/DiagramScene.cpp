@@ -71,6 +71,7 @@ class TGraphScene {
                             aBlock.lines,
                             LabelFontHeight,
                             fGraph.leftRight ? haCenter : haLeft,
+                            false,
                             false});
   }
 
@@ -128,7 +129,7 @@ void AddTitle(TFontEngine& aFonts, TScene& aScene, const std::string& aTitle) {
   if (title.lines.empty()) return;
   const double width = std::max(aScene.size.width, title.size.width);
   Shift(aScene, (width - aScene.size.width) / 2, title.size.height + TitleGap);
-  aScene.texts.push_back({{0, 0, width, title.size.height}, title.lines, TitleFontHeight, haCenter, true});
+  aScene.texts.push_back({{0, 0, width, title.size.height}, title.lines, TitleFontHeight, haCenter, true, false});
   aScene.size = {width, aScene.size.height + title.size.height + TitleGap};
 }
 

@@ -109,6 +109,7 @@ class TSceneItems {
     text.fFontName = SceneFont;
     text.fFontHeight = Base32(aText.fontHeight);
     text.fBold = aText.bold;
+    text.fFill = aText.opaque;
     text.fText = text.dText = aLine;
     text.StateCalc();
   }

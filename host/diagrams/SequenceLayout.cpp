@@ -148,7 +148,7 @@ class TSequenceLayout {
   void AddText(const TSequenceEvent& aEvent, double aX, double aY, TZORHorzAlign aAlign) {
     if (aEvent.text.empty()) return;
     const TSceneBox box{aX, aY, aEvent.size.width, aEvent.size.height};
-    fScene.texts.push_back({box, LinesOf(aEvent.text), fOptions.fontHeight, aAlign, false});
+    fScene.texts.push_back({box, LinesOf(aEvent.text), fOptions.fontHeight, aAlign, false, true});
   }
   void AddLine(const TSequenceEvent& aEvent, std::vector<TLayoutPoint> aPoints) {
     fScene.lines.push_back({std::move(aPoints), ttNone, Terms[aEvent.arrow], aEvent.dotted});

@@ -47,6 +47,7 @@ struct TSceneText {
   double fontHeight = 3;
   TZORHorzAlign align = haCenter;
   bool bold = false;
+  bool opaque = false;  ///< hides lines behind it
 };
 
 struct TScene {
