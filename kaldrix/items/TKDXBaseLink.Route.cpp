@@ -173,13 +173,19 @@ bool IsSane(const TBaseCircle& c) {
   return within(c.x) && within(c.y) && c.r > 0 && c.r <= MostCircle;
 }
 
-TBaseCircle CircleOver(const TZORBase& p1, const TZORPto& aBetween, const TZORBase& p2) {
+struct TLinkArc {
   TBaseCircle circle;
   double start = 0, end = 0, sweep = 0;
   bool clockWise = false;
+};
+
+/// The arc over three points; without a radius when they have none.
+TLinkArc ArcOver(const TZORBase& p1, const TZORPto& aBetween, const TZORBase& p2) {
+  TLinkArc arc;
+  TBaseCircle& circle = arc.circle;
   const bool made = TDraw2D::ArcThreePoints(p1.X, p1.Y, aBetween.bX, aBetween.bY, p2.X, p2.Y, circle.x,
-                                            circle.y, circle.r, start, end, sweep, clockWise);
-  return made ? circle : TBaseCircle{};
+                                            circle.y, circle.r, arc.start, arc.end, arc.sweep, arc.clockWise);
+  return made && IsSane(circle) ? arc : TLinkArc{};
 }
 
 }  // namespace
@@ -261,19 +267,14 @@ void TKDXBaseLink::CalcRound() {
 }
 
 void TKDXBaseLink::CalcArc() {
-  const TZORPto between = GetLinkPoint(1);
-  TBaseCircle circle;
-  const bool made = !fLinkPoints.empty() &&
-                    TDraw2D::ArcThreePoints(p1.X, p1.Y, between.bX, between.bY, p2.X, p2.Y, circle.x,
-                                            circle.y, circle.r, fStart, fEnd, fSweep, fClockWise);
-  if (!made || !IsSane(circle)) {
-    circle = {};
-    fStart = fEnd = fSweep = 0;
-    fClockWise = false;
-  }
-  fCx = circle.x;
-  fCy = circle.y;
-  fRadio = circle.r;
+  const TLinkArc arc = fLinkPoints.empty() ? TLinkArc{} : ArcOver(p1, fLinkPoints.front(), p2);
+  fCx = arc.circle.x;
+  fCy = arc.circle.y;
+  fRadio = arc.circle.r;
+  fStart = arc.start;
+  fEnd = arc.end;
+  fSweep = arc.sweep;
+  fClockWise = arc.clockWise;
 }
 
 bool TKDXBaseLink::IsStoredArc() const {
@@ -281,7 +282,7 @@ bool TKDXBaseLink::IsStoredArc() const {
   const TZORPto between = fLinkPoints.front();
   const TBaseCircle circle{fCx, fCy, fRadio};
   // A user may have drawn it straight; but a file without a route is no such case.
-  if (fRadio == 0) return between != TZORPto{} && !IsSane(CircleOver(p1, between, p2));
+  if (fRadio == 0) return between != TZORPto{} && ArcOver(p1, between, p2).circle.r == 0;
   const double radius = static_cast<double>(fRadio), fault = ArcFault(fOwner->fUnits, radius);
   const auto passes = [&](Int64 x, Int64 y) { return std::fabs(circle.DistanceTo(x, y) - radius) <= fault; };
   return fRadio > 0 && passes(p1.X, p1.Y) && passes(p2.X, p2.Y) && passes(between.bX, between.bY);

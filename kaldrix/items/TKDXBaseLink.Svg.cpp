@@ -85,61 +85,75 @@ void TKDXBaseLink::WriteSVG(TSvgList& svg, TSvgList& /*defs*/, TZORExportSVG aEx
   }
 }
 
+namespace {
+
+/// How a form is written, by ordinal of TLinkForm.
+struct TSvgForm {
+  std::string_view tag, data;
+  bool scaledPen;  ///< Intended: the pen in document units; that of the others in millimetres.
+};
+constexpr std::array<TSvgForm, 6> SvgForms{{
+    {},                                 // lfNone
+    {"<line", " x1=\"", true},          // lfLine
+    {"<polyline", " points=\"", true},  // lfChain
+    {"<path", " d=\"M ", false},        // lfArc
+    {"<path", " d=\"M ", true},         // lfCurve
+    {"<path", " d=\"M ", false},        // lfRound
+}};
+static_assert(SvgForms.size() == lfRound + 1);
+
+}  // namespace
+
 std::string TKDXBaseLink::SvgStroke(TLinkForm aForm, TZORExportSVG aExportType, Single aFactor,
                                     bool attrID) const {
-  // Intended: chains and the controls of curves stand in millimetres of the drawn object, and the inner
-  // points of a chain in document units; everything else in millimetres of paper.
+  const TSvgForm& form = SvgForms[aForm];
+  TSvgElement out(aExportType, aFactor);
+  out.Raw(form.tag).Raw(GetSVGID(attrID)).Raw(form.data);
+  WriteShape(out, aForm);
+  out.Raw("\" ").Stroke(fColor);
+  if (aForm == lfChain || aForm == lfArc || aForm == lfRound) out.Raw(" fill=\"none\"");
+  out.Raw(" stroke-width=\"")
+      .Pen(form.scaledPen ? fOwner->BaseValue(GetPenWidth()) : GetPenWidth())
+      .Raw("\"");
+  if (aForm == lfCurve) out.Raw(" fill=\"transparent\"");
+  out.Dash(fLineType);
+  if (aForm == lfRound) out.Raw(TExSVG::GetCap(true));
+  return out.Raw("/>").Take();
+}
+
+void TKDXBaseLink::WriteShape(TSvgElement& out, TLinkForm aForm) const {
+  // Intended: the ends of a chain and the controls of a curve stand in millimetres of the drawn object, the
+  // inner points of a chain in document units; everything else in millimetres of paper.
   const auto drawn = [](Int64 aBase) { return static_cast<double>(aBase) / BaseInMM; };
   const auto paper = [this](Int64 aBase) { return double{FromBase(aBase)}; };
-  const double pen = GetPenWidth(), scaledPen = fOwner->BaseValue(GetPenWidth());
-  TSvgElement out(aExportType, aFactor);
-  const auto stroke = [&](double aPen, std::string_view aFill) -> TSvgElement& {
-    out.Raw("\" ").Stroke(fColor).Raw(aFill).Raw(" stroke-width=\"").Pen(aPen);
-    return out.Raw("\"");
+  const auto atAngle = [&](double aAngle) -> TSvgElement& {
+    return out.Pair(XFromBaseAngle(fCx, fRadio, aAngle), YFromBaseAngle(fCy, fRadio, aAngle));
   };
-  const auto begin = [&](std::string_view aTag, std::string_view aData) -> TSvgElement& {
-    return out.Raw(aTag).Raw(GetSVGID(attrID)).Raw(aData);
-  };
-  constexpr std::string_view noFill = " fill=\"none\"";
   switch (aForm) {
     case lfChain:
-      begin("<polyline", " points=\"").Pair(drawn(p1.X), drawn(p1.Y));
+      out.Pair(drawn(p1.X), drawn(p1.Y));
       for (const TZORPto& p : fLinkPoints) {
         out.Raw(" ").Pair(p.GetX(fOwner->fUnits), p.GetY(fOwner->fUnits));
       }
       out.Raw(" ").Pair(drawn(p2.X), drawn(p2.Y));
-      stroke(scaledPen, noFill);
       break;
-    case lfArc: {
-      const double r = paper(fRadio);
-      const auto point = [&](double aAngle) -> TSvgElement& {
-        return out.Pair(XFromBaseAngle(fCx, fRadio, aAngle), YFromBaseAngle(fCy, fRadio, aAngle));
-      };
-      begin("<path", " d=\"M ");
-      point(fStart).Raw(" A ").Pair(r, r).Raw(fClockWise ? " 0 0,1 " : " 0 0,0 ");
-      point(fEnd);
-      stroke(pen, noFill);
+    case lfArc:
+      atAngle(fStart).Raw(" A ").Pair(paper(fRadio), paper(fRadio)).Raw(fClockWise ? " 0 0,1 " : " 0 0,0 ");
+      atAngle(fEnd);
       break;
-    }
     case lfCurve:
-      begin("<path", " d=\"M ").Pair(paper(p1.X), paper(p1.Y));
-      out.Raw(" C").Val(drawn(pa.X)).Raw(" ").Val(drawn(pa.Y)).Raw(" ");
+      out.Pair(paper(p1.X), paper(p1.Y)).Raw(" C").Val(drawn(pa.X)).Raw(" ").Val(drawn(pa.Y)).Raw(" ");
       out.Val(drawn(pb.X)).Raw(" ").Val(drawn(pb.Y)).Raw(" ").Pair(paper(p2.X), paper(p2.Y));
-      stroke(scaledPen, {}).Raw(" fill=\"transparent\"");
       break;
     case lfRound:
-      begin("<path", " d=\"M ").Pair(paper(p1.X), paper(p1.Y)).Raw(" C");
+      out.Pair(paper(p1.X), paper(p1.Y)).Raw(" C");
       for (const TZORPto& p : fLinkPoints) out.Raw(" ").Pair(paper(p.bX), paper(p.bY));
       out.Raw(" ").Pair(paper(p2.X), paper(p2.Y));
-      stroke(pen, noFill).Dash(fLineType).Raw(TExSVG::GetCap(true)).Raw("/>");
-      return out.Take();
+      break;
     default:
-      begin("<line", " x1=\"").Val(paper(p1.X)).Raw("\" y1=\"").Val(paper(p1.Y));
-      out.Raw("\" x2=\"").Val(paper(p2.X)).Raw("\" y2=\"").Val(paper(p2.Y));
-      stroke(scaledPen, {});
+      out.Val(paper(p1.X)).Raw("\" y1=\"").Val(paper(p1.Y)).Raw("\" x2=\"").Val(paper(p2.X));
+      out.Raw("\" y2=\"").Val(paper(p2.Y));
   }
-  out.Dash(fLineType).Raw("/>");
-  return out.Take();
 }
 
 }  // namespace Zor::inline Line

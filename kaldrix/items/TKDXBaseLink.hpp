@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "kaldrix/items/TStyledItem.hpp"
+#include "kaldrix/items/TSvgElement.hpp"
 
 namespace Zor::inline Line {
 
@@ -142,6 +143,7 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
   bool IsStoredArc() const;
   bool PickLine(Int64 x, Int64 y, int gap) const;
   bool PickRound(Int64 x, Int64 y, int gap) const;
+  void WriteShape(TSvgElement& out, TLinkForm aForm) const;
   std::string SvgStroke(TLinkForm aForm, TZORExportSVG aExportType, Single aFactor, bool attrID) const;
 
   /// A route for two places of the ends.
