@@ -5,6 +5,7 @@
 
 #include "host/diagrams/FishboneLayout.hpp"
 #include "host/diagrams/FlowShapes.hpp"
+#include "host/diagrams/LayeredLayout.hpp"
 #include "host/diagrams/SequenceScene.hpp"
 #include "host/diagrams/TTextBlock.hpp"
 #include "host/diagrams/TreeLayout.hpp"
@@ -84,7 +85,7 @@ class TGraphScene {
 
 TScene LayeredScene(TFontEngine& aFonts, const TKDXDiagramModel& aModel) {
   TGraphScene scene(aFonts, aModel);
-  return scene.Placed(TreeLayout(scene.Graph()));
+  return scene.Placed(LayeredLayout(scene.Graph()));
 }
 
 TScene TreeScene(TFontEngine& aFonts, const TKDXDiagramModel& aModel) {
@@ -129,7 +130,8 @@ void AddTitle(TFontEngine& aFonts, TScene& aScene, const std::string& aTitle) {
   if (title.lines.empty()) return;
   const double width = std::max(aScene.size.width, title.size.width);
   Shift(aScene, (width - aScene.size.width) / 2, title.size.height + TitleGap);
-  aScene.texts.push_back({{0, 0, width, title.size.height}, title.lines, TitleFontHeight, haCenter, true, false});
+  aScene.texts.push_back(
+      {{0, 0, width, title.size.height}, title.lines, TitleFontHeight, haCenter, true, false});
   aScene.size = {width, aScene.size.height + title.size.height + TitleGap};
 }
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host/diagrams/TLayerGraph.hpp"
+
+namespace Zor::inline Host {
+
+/// Puts the cells of each layer in an order in which few strands cross: sweeps that sort a layer by the
+/// medians of its neighbours, and exchanges of neighbours (Gansner et al., 1993). The same graph comes out
+/// the same way.
+void OrderLayers(TLayerGraph& aGraph);
+
+/// How many pairs of strands cross in the order of the layers (Barth, Juenger and Mutzel, "Simple and
+/// Efficient Bilayer Cross Counting", 2002).
+long CountCrossings(const TLayerGraph& aGraph);
+
+}  // namespace Zor::inline Host

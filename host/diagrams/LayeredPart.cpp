@@ -1,0 +1,260 @@
+#include "host/diagrams/LayeredPart.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/diagrams/LayerOrder.hpp"
+#include "host/diagrams/LayerPlaces.hpp"
+
+namespace Zor::inline Host {
+
+namespace {
+
+// Millimetres.
+constexpr double LabelGap = 1;
+constexpr double LoopReach = 4, LoopStep = 2.5;
+/// Lines that bend less than this are straight.
+constexpr double Straight = 0.01;
+
+std::size_t At(int aIndex) { return static_cast<std::size_t>(aIndex); }
+
+/// Those edges that join two nodes.
+std::vector<int> WithoutLoops(const TLayoutGraph& aGraph, const std::vector<int>& aEdges) {
+  std::vector<int> edges;
+  std::copy_if(aEdges.begin(), aEdges.end(), std::back_inserter(edges),
+               [&](int i) { return aGraph.edges[At(i)].from != aGraph.edges[At(i)].to; });
+  return edges;
+}
+
+/// Without the points at which the way does not turn.
+std::vector<TLayoutPoint> Corners(const std::vector<TLayoutPoint>& aPoints) {
+  std::vector<TLayoutPoint> corners;
+  for (std::size_t i = 1; i + 1 < aPoints.size(); ++i) {
+    const TLayoutPoint& last = corners.empty() ? aPoints.front() : corners.back();
+    const TLayoutPoint &p = aPoints[i], &next = aPoints[i + 1];
+    const bool alongX = std::abs(last.y - p.y) < Straight && std::abs(p.y - next.y) < Straight;
+    const bool alongY = std::abs(last.x - p.x) < Straight && std::abs(p.x - next.x) < Straight;
+    if (!alongX && !alongY) corners.push_back(p);
+  }
+  return corners;
+}
+
+}  // namespace
+
+TLayeredPart::TLayeredPart(const TLayoutGraph& aGraph, const std::vector<int>& aNodes,
+                           const std::vector<int>& aEdges, const TLayeredGaps& aGaps)
+    : fGraph(aGraph),
+      fEdges(aEdges),
+      fGaps(aGaps),
+      fCells(aGraph, aNodes, WithoutLoops(aGraph, aEdges), aGraph.leftRight) {
+  AddLoops();
+  OrderLayers(fCells);
+  DealPorts();
+  PlaceCells(fCells, fGaps);
+  DealGaps();
+  StackLayers();
+}
+
+void TLayeredPart::AddLoops() {
+  std::vector<int> cellOf(fGraph.nodes.size(), -1);
+  for (std::size_t i = 0; i < fCells.cells.size(); ++i) {
+    if (fCells.cells[i].node >= 0) cellOf[At(fCells.cells[i].node)] = static_cast<int>(i);
+  }
+  std::vector<int> loops(fCells.cells.size());
+  for (const int index : fEdges) {
+    const TLayoutEdge& edge = fGraph.edges[At(index)];
+    if (edge.from != edge.to) continue;
+    const int number = cellOf[At(edge.from)];
+    TCell& cell = fCells.Cell(number);
+    const double up = LoopReach + LoopStep * loops[At(number)]++;
+    const double half = fGraph.nodes[At(edge.from)].size.width / 2;
+    fLoops.push_back({index, number, up, cell.right - half + LoopReach});
+    cell.right += LoopReach + (edge.label.width > 0 ? edge.label.width + 2 * LabelGap : 0);
+    cell.height = fGraph.nodes[At(edge.from)].size.height + 2 * up;
+    cell.height = std::max(cell.height, edge.label.height + 2 * up);
+  }
+}
+
+void TLayeredPart::DealPorts() {
+  for (std::size_t i = 0; i < fCells.cells.size(); ++i) {
+    if (fCells.cells[i].node < 0) continue;
+    DealSide(static_cast<int>(i), true);
+    DealSide(static_cast<int>(i), false);
+  }
+  for (TChain& chain : fCells.chains) {
+    const auto port = [&](int aCell, double aOffset, TLayoutSide aSide) {
+      const TLayoutNode& node = fGraph.nodes[At(fCells.Cell(aCell).node)];
+      const auto& ports = node.ports[aSide];
+      return *std::min_element(ports.begin(), ports.end(), [&](const TLayoutPort& a, const TLayoutPort& b) {
+        const double x = aOffset + node.size.width / 2;
+        return std::abs(a.at.x - x) < std::abs(b.at.x - x);
+      });
+    };
+    const TStrand &first = fCells.Strand(chain.first), &last = fCells.Strand(chain.first + chain.count - 1);
+    chain.top = port(first.up, first.upPort, lsdBottom);
+    chain.bottom = port(last.down, last.downPort, lsdTop);
+  }
+}
+
+/// Spreads the strands of a side over its ports, in the order in which they arrive.
+void TLayeredPart::DealSide(int aCell, bool aTop) {
+  std::vector<int>& strands = (aTop ? fCells.above : fCells.below)[At(aCell)];
+  const auto place = [&](int aStrand) {
+    const TStrand& strand = fCells.Strand(aStrand);
+    return fCells.Cell(aTop ? strand.up : strand.down).place;
+  };
+  std::stable_sort(strands.begin(), strands.end(), [&](int a, int b) { return place(a) < place(b); });
+  const TLayoutNode& node = fGraph.nodes[At(fCells.Cell(aCell).node)];
+  const std::vector<TLayoutPort>& ports = node.ports[aTop ? lsdTop : lsdBottom];
+  const double each =
+      static_cast<double>(ports.size()) / static_cast<double>(std::max<std::size_t>(strands.size(), 1));
+  for (std::size_t i = 0; i < strands.size(); ++i) {
+    const auto port = static_cast<std::size_t>((static_cast<double>(i) + 0.5) * each);
+    TStrand& strand = fCells.Strand(strands[i]);
+    (aTop ? strand.downPort : strand.upPort) =
+        ports[std::min(port, ports.size() - 1)].at.x - node.size.width / 2;
+  }
+}
+
+void TLayeredPart::DealGaps() {
+  fGapIndex.resize(fCells.strands.size());
+  for (const std::vector<int>& layer : fCells.layers) {
+    std::vector<int> strands;
+    for (const int cell : layer) {
+      for (const int strand : fCells.below[At(cell)]) {
+        fGapIndex[At(strand)] = strands.size();
+        strands.push_back(strand);
+      }
+    }
+    fTracks.push_back(DealTracks(fCells, strands));
+  }
+}
+
+void TLayeredPart::StackLayers() {
+  double top = 0;
+  bool nodesBefore = false;
+  for (std::size_t i = 0; i < fCells.layers.size(); ++i) {
+    TLayer layer;
+    bool nodes = false;
+    for (const int index : fCells.layers[i]) {
+      const TCell& cell = fCells.Cell(index);
+      layer.height = std::max(layer.height, cell.height);
+      nodes |= cell.node >= 0;
+      fSize.width = std::max(fSize.width, cell.x + cell.right);
+    }
+    if (i > 0) {
+      const double least = nodes && nodesBefore ? fGaps.layer : fGaps.layer * 0.6;
+      top += std::max(least, fGaps.track * (fTracks[i - 1].count + 1));
+    }
+    layer.top = top;
+    top += layer.height;
+    nodesBefore = nodes;
+    fLayers.push_back(layer);
+  }
+  fSize.height = top;
+}
+
+TLayoutPoint TLayeredPart::NodePlace(int aCell) const {
+  const TCell& cell = fCells.Cell(aCell);
+  const TLayoutSize& size = fGraph.nodes[At(cell.node)].size;
+  const TLayer& layer = fLayers[At(cell.layer)];
+  return {cell.x - size.width / 2, layer.top + (layer.height - size.height) / 2};
+}
+
+std::vector<TLayoutPoint> TLayeredPart::PointsOf(const TChain& aChain) const {
+  const TStrand &first = fCells.Strand(aChain.first), &last = fCells.Strand(aChain.first + aChain.count - 1);
+  double x = fCells.UpX(first);
+  std::vector<TLayoutPoint> points{{x, NodePlace(first.up).y + aChain.top.at.y}};
+  for (int i = aChain.first; i < aChain.first + aChain.count; ++i) {
+    const std::size_t gap = At(fCells.Cell(fCells.Strand(i).up).layer);
+    const TTracks& tracks = fTracks[gap];
+    const double above = fLayers[gap].Bottom(), height = fLayers[gap + 1].top - above;
+    for (const TLeg& leg : tracks.legs[fGapIndex[At(i)]]) {
+      const double y = above + height / 2 + fGaps.track * (leg.track - (tracks.count - 1) / 2.0);
+      points.push_back({x, y});
+      points.push_back({leg.to, y});
+      x = leg.to;
+    }
+  }
+  points.push_back({fCells.DownX(last), NodePlace(last.down).y + aChain.bottom.at.y});
+  return points;
+}
+
+TLayoutRoute TLayeredPart::RouteOf(const TChain& aChain) const {
+  const std::vector<TLayoutPoint> points = PointsOf(aChain);
+  TLayoutRoute route;
+  route.fromPosition = aChain.top.position;
+  route.toPosition = aChain.bottom.position;
+  route.points = Corners(points);
+  route.type = route.points.empty() ? ltDirLine : ltPolyline;
+  PreferStep(aChain, route, points.front().y, points.back().y);
+  if (aChain.reversed) {
+    std::swap(route.fromPosition, route.toPosition);
+    std::reverse(route.points.begin(), route.points.end());
+  }
+  route.label = LabelPlace(aChain);
+  return route;
+}
+
+/// A link with steps in its middle follows its nodes in right angles when they are moved. It is taken where
+/// nobody else runs and the middle lies between the layers.
+void TLayeredPart::PreferStep(const TChain& aChain, TLayoutRoute& aRoute, double aFrom, double aTo) const {
+  const auto middle = [](std::uint16_t aPosition, int aFirst) {
+    return aPosition >= aFirst && aPosition <= aFirst + 2;
+  };
+  const bool offered =
+      fGraph.leftRight ? !aChain.reversed && middle(aRoute.fromPosition, 6) && middle(aRoute.toPosition, 14)
+                       : middle(aRoute.fromPosition, 10) && middle(aRoute.toPosition, 2);
+  if (!offered || aChain.count != 1 || aRoute.points.size() != 2) return;
+  const std::size_t gap = At(fCells.Cell(fCells.Strand(aChain.first).up).layer);
+  if (!fTracks[gap].alone[fGapIndex[At(aChain.first)]]) return;
+  const double y = (aFrom + aTo) / 2;
+  if (y < fLayers[gap].Bottom() + 1 || y > fLayers[gap + 1].top - 1) return;
+  aRoute.type = ltStepLineTwoPto;
+  for (TLayoutPoint& point : aRoute.points) point.y = y;
+}
+
+TLayoutPoint TLayeredPart::LabelPlace(const TChain& aChain) const {
+  for (int i = aChain.first; i < aChain.first + aChain.count - 1; ++i) {
+    const TCell& cell = fCells.Cell(fCells.Strand(i).down);
+    if (!cell.label) continue;
+    const TLayer& layer = fLayers[At(cell.layer)];
+    return {cell.left > 0 ? cell.x - cell.left : cell.x + LabelGap,
+            layer.top + (layer.height - cell.height) / 2};
+  }
+  return {};
+}
+
+TLayoutRoute TLayeredPart::LoopRoute(const TLoop& aLoop) const {
+  const TLayoutEdge& edge = fGraph.edges[At(aLoop.edge)];
+  const TLayoutNode& node = fGraph.nodes[At(edge.from)];
+  const TLayoutPort &out = node.ports[lsdTop].back(), &in = MiddlePort(node, lsdRight);
+  const TLayoutPoint place = NodePlace(aLoop.cell);
+  const double top = place.y - aLoop.up, right = place.x + node.size.width + aLoop.right;
+  const double x = place.x + out.at.x, y = place.y + in.at.y;
+  TLayoutRoute route;
+  route.fromPosition = out.position;
+  route.toPosition = in.position;
+  route.points = {{x, top}, {right, top}, {right, y}};
+  route.label = {right + LabelGap, (top + y) / 2 - edge.label.height / 2};
+  return route;
+}
+
+void TLayeredPart::Put(const TLayoutPoint& aOrigin, TLayout& aLayout) const {
+  const auto moved = [&](const TLayoutPoint& aPoint) {
+    return TLayoutPoint{aOrigin.x + aPoint.x, aOrigin.y + aPoint.y};
+  };
+  const auto put = [&](int aEdge, TLayoutRoute aRoute) {
+    for (TLayoutPoint& point : aRoute.points) point = moved(point);
+    aRoute.label = moved(aRoute.label);
+    aLayout.routes[At(aEdge)] = std::move(aRoute);
+  };
+  for (std::size_t i = 0; i < fCells.cells.size(); ++i) {
+    if (fCells.cells[i].node >= 0)
+      aLayout.nodes[At(fCells.cells[i].node)] = moved(NodePlace(static_cast<int>(i)));
+  }
+  for (const TChain& chain : fCells.chains) put(chain.edge, RouteOf(chain));
+  for (const TLoop& loop : fLoops) put(loop.edge, LoopRoute(loop));
+}
+
+}  // namespace Zor::inline Host
