@@ -8,6 +8,8 @@ namespace Zor::inline Host {
 namespace {
 
 constexpr int MostSweeps = 24, MostIdleSweeps = 8, MostExchangeRounds = 10;
+/// So many cells are put in order from different beginnings: often for a small graph, twice for a large one.
+constexpr std::size_t CellsToOrder = 3000, LeastStarts = 2, MostStarts = 12;
 
 using TIndexes = std::vector<int>;
 using TLayers = std::vector<TIndexes>;
@@ -181,6 +183,25 @@ TLayers SearchedOrder(const TLayerGraph& aGraph, bool aFromTop) {
   return layers;
 }
 
+/// The same shuffle on every machine, another for each `aSeed`.
+void Shuffle(TLayers& aLayers, std::uint32_t aSeed) {
+  constexpr std::uint32_t factor = 1664525, step = 1013904223;  // Numerical Recipes, 2nd edition, 7.1
+  std::uint32_t state = aSeed;
+  for (TIndexes& layer : aLayers) {
+    for (std::size_t i = layer.size(); i > 1; --i) {
+      state = state * factor + step;
+      std::swap(layer[i - 1], layer[(state >> 8) % i]);
+    }
+  }
+}
+
+/// The beginning of a run: two searches, then chance.
+TLayers FirstOrder(const TLayerGraph& aGraph, std::size_t aStart) {
+  TLayers layers = SearchedOrder(aGraph, aStart % 2 == 0);
+  if (aStart >= 2) Shuffle(layers, static_cast<std::uint32_t>(aStart));
+  return layers;
+}
+
 }  // namespace
 
 long CountCrossings(const TLayerGraph& aGraph) {
@@ -202,8 +223,10 @@ long CountCrossings(const TLayerGraph& aGraph) {
 void OrderLayers(TLayerGraph& aGraph) {
   TLayers best;
   long fewest = -1;
-  for (const bool fromTop : {true, false}) {
-    aGraph.layers = SearchedOrder(aGraph, fromTop);
+  const std::size_t starts =
+      std::clamp(CellsToOrder / std::max<std::size_t>(aGraph.cells.size(), 1), LeastStarts, MostStarts);
+  for (std::size_t start = 0; start < starts && fewest != 0; ++start) {
+    aGraph.layers = FirstOrder(aGraph, start);
     aGraph.NumberPlaces();
     const long crossings = TOrdering(aGraph).Run();
     if (fewest >= 0 && crossings >= fewest) continue;

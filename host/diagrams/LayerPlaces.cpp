@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace Zor::inline Host {
 
@@ -13,6 +14,9 @@ constexpr int Sweeps = 10, LastSweeps = 6;
 constexpr double PullNodes = 1, PullEnd = 2, PullWay = 8;
 /// Of a cell without neighbours on the side that is looked at.
 constexpr double PullNone = 0.01;
+/// How far a node is moved to save a bend, and what is no bend, millimetres.
+constexpr double MostNudge = 6, Straight = 0.001;
+constexpr int NudgeRounds = 4;
 
 std::size_t At(int aIndex) { return static_cast<std::size_t>(aIndex); }
 
@@ -38,6 +42,8 @@ class TPlacing {
     for (int i = 0; i < Sweeps; ++i) Sweep(i % 2 == 0, true, i % 2 == 0, i % 2 == 1);
     for (int i = 0; i < LastSweeps; ++i) Sweep(i % 2 == 0, false, true, true);
     for (const TChain& chain : fGraph.chains) Straighten(chain);
+    for (int i = 0; i < NudgeRounds && NudgeNodes(); ++i) {
+    }
     ShiftToOrigin();
   }
 
@@ -159,6 +165,36 @@ class TPlacing {
       from = std::clamp(meetsEnd && !meetsStart ? end : from, least, most);
       for (int i = begin; i < strand; ++i) fGraph.Cell(fGraph.Strand(i).down).x = from;
     }
+  }
+
+  /// Moves nodes a little where more of their strands run straight then. False when none moved.
+  bool NudgeNodes() {
+    bool moved = false;
+    for (const std::vector<int>& layer : fGraph.layers) {
+      for (const int cell : layer) moved |= fGraph.Cell(cell).node >= 0 && Nudge(cell);
+    }
+    return moved;
+  }
+  bool Nudge(int aCell) {
+    TCell& cell = fGraph.Cell(aCell);
+    fWishes.clear();
+    for (const int i : fGraph.above[At(aCell)]) {
+      fWishes.push_back({fGraph.UpX(fGraph.Strand(i)) - fGraph.Strand(i).downPort, 1});
+    }
+    for (const int i : fGraph.below[At(aCell)]) {
+      fWishes.push_back({fGraph.DownX(fGraph.Strand(i)) - fGraph.Strand(i).upPort, 1});
+    }
+    const auto straightAt = [&](double aX) {
+      return std::count_if(fWishes.begin(), fWishes.end(),
+                           [&](const TWish& wish) { return std::abs(wish.x - aX) < Straight; });
+    };
+    const double least = Least(aCell), most = Most(aCell);
+    double best = cell.x;
+    for (const TWish& wish : fWishes) {
+      const bool fits = std::abs(wish.x - cell.x) < MostNudge && wish.x >= least && wish.x <= most;
+      if (fits && straightAt(wish.x) > straightAt(best)) best = wish.x;
+    }
+    return std::exchange(cell.x, best) != best;
   }
 
   void ShiftToOrigin() {
