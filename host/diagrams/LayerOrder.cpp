@@ -152,31 +152,31 @@ class TOrdering {
   long fFewest = 0;
 };
 
-/// The order in which a search in depth meets the cells, from the top or from the bottom.
+/// The order in which a search in breadth meets the cells, from the top or from the bottom: trees come out
+/// without crossings, and branches in the order in which they were told.
 TLayers SearchedOrder(const TLayerGraph& aGraph, bool aFromTop) {
   TLayers layers(aGraph.layers.size());
   std::vector<bool> met(aGraph.cells.size());
-  TIndexes way;
+  TIndexes queue;
   const auto visit = [&](int aCell) {
     if (met[At(aCell)]) return;
     met[At(aCell)] = true;
     layers[At(aGraph.Cell(aCell).layer)].push_back(aCell);
-    way.push_back(aCell);
+    queue.push_back(aCell);
   };
-  const auto follow = [&](const TIndexes& aStrands, bool aDown) {
-    for (auto strand = aStrands.rbegin(); strand != aStrands.rend(); ++strand) {
-      visit(aDown ? aGraph.Strand(*strand).down : aGraph.Strand(*strand).up);
+  const auto follow = [&](int aCell, bool aDown) {
+    for (const int strand : (aDown ? aGraph.below : aGraph.above)[At(aCell)]) {
+      visit(aDown ? aGraph.Strand(strand).down : aGraph.Strand(strand).up);
     }
   };
   const std::size_t count = aGraph.layers.size();
+  std::size_t next = 0;
   for (std::size_t i = 0; i < count; ++i) {
     for (const int start : aGraph.layers[aFromTop ? i : count - 1 - i]) {
       visit(start);
-      while (!way.empty()) {
-        const int cell = way.back();
-        way.pop_back();
-        follow((aFromTop ? aGraph.above : aGraph.below)[At(cell)], !aFromTop);
-        follow((aFromTop ? aGraph.below : aGraph.above)[At(cell)], aFromTop);
+      for (; next < queue.size(); ++next) {
+        follow(queue[next], aFromTop);
+        follow(queue[next], !aFromTop);
       }
     }
   }
