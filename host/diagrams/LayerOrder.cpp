@@ -2,12 +2,17 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
+#include <utility>
 
 namespace Zor::inline Host {
 
 namespace {
 
-constexpr int MostSweeps = 24, MostIdleSweeps = 8, MostExchangeRounds = 10;
+constexpr std::size_t LeastSweeps = 4, MostSweeps = 24;
+/// Cells and strands that are looked at by the sweeps of a run, so that large graphs take linear time.
+constexpr std::size_t SweepWork = 1'000'000;
+constexpr int MostIdleSweeps = 8, MostExchangeRounds = 10;
 /// So many cells are put in order from different beginnings: often for a small graph, twice for a large one.
 constexpr std::size_t CellsToOrder = 3000, LeastStarts = 2, MostStarts = 12;
 
@@ -36,42 +41,82 @@ class TPlaceCounts {
   long fAll = 0;
 };
 
-/// One run from a first order to the best one that was met.
+/// The neighbours of all cells on one side, packed.
+class TNeighbours {
+ public:
+  TNeighbours(const TLayerGraph& aGraph, bool aUp) : fStarts(aGraph.cells.size() + 1) {
+    fCells.reserve(aGraph.strands.size());
+    const auto& strands = aUp ? aGraph.above : aGraph.below;
+    for (std::size_t i = 0; i < strands.size(); ++i) {
+      for (const int strand : strands[i]) {
+        fCells.push_back(aUp ? aGraph.Strand(strand).up : aGraph.Strand(strand).down);
+      }
+      fStarts[i + 1] = fCells.size();
+    }
+  }
+
+  std::span<const int> Of(int aCell) const {
+    return {fCells.data() + fStarts[At(aCell)], fStarts[At(aCell) + 1] - fStarts[At(aCell)]};
+  }
+
+ private:
+  std::vector<std::size_t> fStarts;
+  TIndexes fCells;
+};
+
+/// Runs from a first order to the best one that is met.
 class TOrdering {
  public:
-  explicit TOrdering(TLayerGraph& aGraph) : fGraph(aGraph), fKeys(aGraph.cells.size()) {}
+  explicit TOrdering(const TLayerGraph& aGraph)
+      : fAbove(aGraph, true),
+        fBelow(aGraph, false),
+        fPlaces(aGraph.cells.size()),
+        fKeys(aGraph.cells.size()) {
+    const std::size_t size = aGraph.cells.size() + aGraph.strands.size();
+    fMostSweeps = static_cast<int>(std::clamp<std::size_t>(SweepWork / (size + 1), LeastSweeps, MostSweeps));
+  }
 
-  /// Begins where the graph stands.
-  long Run() {
-    fBest = fGraph.layers;
-    fFewest = CountCrossings(fGraph);
-    for (int sweep = 0, idle = 0; sweep < MostSweeps && idle < MostIdleSweeps && fFewest > 0;
+  /// How often strands cross in the best order, which is left in `aLayers`.
+  long Run(TLayers& aLayers) {
+    fLayers = aLayers;
+    for (const TIndexes& layer : fLayers) NumberPlaces(layer);
+    long fewest = Crossings();
+    for (int sweep = 0, idle = 0; sweep < fMostSweeps && idle < MostIdleSweeps && fewest > 0;
          ++sweep, ++idle) {
       // Every second pair of sweeps lets equal medians change places.
       Sweep(sweep % 2 == 0, sweep % 4 >= 2);
       Exchange();
-      const long crossings = CountCrossings(fGraph);
-      if (crossings >= fFewest) continue;
-      fFewest = crossings;
-      fBest = fGraph.layers;
+      const long crossings = Crossings();
+      if (crossings >= fewest) continue;
+      fewest = crossings;
+      aLayers = fLayers;
       idle = 0;
     }
-    fGraph.layers = fBest;
-    fGraph.NumberPlaces();
-    return fFewest;
+    return fewest;
+  }
+
+  /// In the order that was looked at last.
+  long Crossings() {
+    long crossings = 0;
+    for (std::size_t i = 0; i + 1 < fLayers.size(); ++i) {
+      TPlaceCounts counts(fLayers[i + 1].size());
+      for (const int cell : fLayers[i]) {
+        for (const int other : fBelow.Of(cell)) crossings += counts.Behind(fPlaces[At(other)]);
+        for (const int other : fBelow.Of(cell)) counts.Add(fPlaces[At(other)]);
+      }
+    }
+    return crossings;
   }
 
  private:
-  int Other(int aStrand, bool aUp) const {
-    const TStrand& strand = fGraph.Strand(aStrand);
-    return fGraph.Cell(aUp ? strand.up : strand.down).place;
+  void NumberPlaces(const TIndexes& aLayer) {
+    for (std::size_t i = 0; i < aLayer.size(); ++i) fPlaces[At(aLayer[i])] = static_cast<int>(i);
   }
-  /// The places of a cell's neighbours above or below, sorted.
-  void Neighbours(int aCell, bool aUp, TIndexes& aPlaces) const {
+  /// The places of a cell's neighbours on a side, sorted.
+  void SortedPlaces(int aCell, bool aUp, TIndexes& aPlaces) const {
     aPlaces.clear();
-    for (const int strand : (aUp ? fGraph.above : fGraph.below)[At(aCell)])
-      aPlaces.push_back(Other(strand, aUp));
-    std::sort(aPlaces.begin(), aPlaces.end());
+    for (const int other : (aUp ? fAbove : fBelow).Of(aCell)) aPlaces.push_back(fPlaces[At(other)]);
+    if (aPlaces.size() > 1) std::sort(aPlaces.begin(), aPlaces.end());
   }
   /// The median of places, drawn to the denser side where there are two; -1 without neighbours.
   static double Median(const TIndexes& aPlaces) {
@@ -85,16 +130,15 @@ class TOrdering {
   }
 
   void Sweep(bool aDown, bool aTurnEqual) {
-    const std::size_t count = fGraph.layers.size();
-    for (std::size_t i = 1; i < count; ++i)
-      SortLayer(fGraph.layers[aDown ? i : count - 1 - i], aDown, aTurnEqual);
+    const std::size_t count = fLayers.size();
+    for (std::size_t i = 1; i < count; ++i) SortLayer(fLayers[aDown ? i : count - 1 - i], aDown, aTurnEqual);
   }
   /// Cells without neighbours keep their places.
   void SortLayer(TIndexes& aLayer, bool aByUpper, bool aTurnEqual) {
     fMoving.clear();
     for (const int cell : aLayer) {
-      Neighbours(cell, aByUpper, fPlaces);
-      fKeys[At(cell)] = Median(fPlaces);
+      SortedPlaces(cell, aByUpper, fFirst);
+      fKeys[At(cell)] = Median(fFirst);
       if (fKeys[At(cell)] >= 0) fMoving.push_back(cell);
     }
     if (aTurnEqual) std::reverse(fMoving.begin(), fMoving.end());
@@ -104,14 +148,24 @@ class TOrdering {
     for (int& cell : aLayer) {
       if (fKeys[At(cell)] >= 0) cell = *next++;
     }
-    for (std::size_t i = 0; i < aLayer.size(); ++i) fGraph.Cell(aLayer[i]).place = static_cast<int>(i);
+    NumberPlaces(aLayer);
   }
 
+  /// Exchanges neighbours while that takes crossings away. A layer is looked at again when it, or a layer
+  /// next to it, has changed.
   void Exchange() {
+    std::vector<bool> open(fLayers.size(), true);
     bool better = true;
     for (int round = 0; better && round < MostExchangeRounds; ++round) {
       better = false;
-      for (TIndexes& layer : fGraph.layers) better |= ExchangeLayer(layer);
+      for (std::size_t i = 0; i < fLayers.size(); ++i) {
+        if (!open[i]) continue;
+        open[i] = ExchangeLayer(fLayers[i]);
+        if (!open[i]) continue;
+        better = true;
+        if (i > 0) open[i - 1] = true;
+        if (i + 1 < fLayers.size()) open[i + 1] = true;
+      }
     }
   }
   bool ExchangeLayer(TIndexes& aLayer) {
@@ -119,7 +173,7 @@ class TOrdering {
     for (std::size_t i = 0; i + 1 < aLayer.size(); ++i) {
       if (Gain(aLayer[i], aLayer[i + 1]) <= 0) continue;
       std::swap(aLayer[i], aLayer[i + 1]);
-      std::swap(fGraph.Cell(aLayer[i]).place, fGraph.Cell(aLayer[i + 1]).place);
+      std::swap(fPlaces[At(aLayer[i])], fPlaces[At(aLayer[i + 1])]);
       better = true;
     }
     return better;
@@ -128,9 +182,9 @@ class TOrdering {
   long Gain(int aLeft, int aRight) {
     long gain = 0;
     for (const bool up : {true, false}) {
-      Neighbours(aLeft, up, fPlaces);
-      Neighbours(aRight, up, fOthers);
-      gain += Inversions(fPlaces, fOthers) - Inversions(fOthers, fPlaces);
+      SortedPlaces(aLeft, up, fFirst);
+      SortedPlaces(aRight, up, fSecond);
+      gain += Inversions(fFirst, fSecond) - Inversions(fSecond, fFirst);
     }
     return gain;
   }
@@ -145,11 +199,12 @@ class TOrdering {
     return count;
   }
 
-  TLayerGraph& fGraph;
+  TNeighbours fAbove, fBelow;
+  TLayers fLayers;
+  TIndexes fPlaces;           ///< by cell
   std::vector<double> fKeys;  ///< medians, by cell
-  TIndexes fPlaces, fOthers, fMoving;
-  TLayers fBest;
-  long fFewest = 0;
+  TIndexes fFirst, fSecond, fMoving;
+  int fMostSweeps;
 };
 
 /// The order in which a search in breadth meets the cells, from the top or from the bottom: trees come out
@@ -204,36 +259,19 @@ TLayers FirstOrder(const TLayerGraph& aGraph, std::size_t aStart) {
 
 }  // namespace
 
-long CountCrossings(const TLayerGraph& aGraph) {
-  long crossings = 0;
-  TIndexes ends;
-  for (std::size_t i = 0; i + 1 < aGraph.layers.size(); ++i) {
-    TPlaceCounts counts(aGraph.layers[i + 1].size());
-    for (const int cell : aGraph.layers[i]) {
-      ends.clear();
-      for (const int strand : aGraph.below[At(cell)])
-        ends.push_back(aGraph.Cell(aGraph.Strand(strand).down).place);
-      for (const int end : ends) crossings += counts.Behind(end);
-      for (const int end : ends) counts.Add(end);
-    }
-  }
-  return crossings;
-}
-
 void OrderLayers(TLayerGraph& aGraph) {
+  TOrdering ordering(aGraph);
   TLayers best;
   long fewest = -1;
-  const std::size_t starts =
-      std::clamp(CellsToOrder / std::max<std::size_t>(aGraph.cells.size(), 1), LeastStarts, MostStarts);
+  const std::size_t starts = std::clamp(CellsToOrder / (aGraph.cells.size() + 1), LeastStarts, MostStarts);
   for (std::size_t start = 0; start < starts && fewest != 0; ++start) {
-    aGraph.layers = FirstOrder(aGraph, start);
-    aGraph.NumberPlaces();
-    const long crossings = TOrdering(aGraph).Run();
+    TLayers layers = FirstOrder(aGraph, start);
+    const long crossings = ordering.Run(layers);
     if (fewest >= 0 && crossings >= fewest) continue;
     fewest = crossings;
-    best = aGraph.layers;
+    best = std::move(layers);
   }
-  aGraph.layers = best;
+  aGraph.layers = std::move(best);
   aGraph.NumberPlaces();
 }
 

@@ -9,8 +9,4 @@ namespace Zor::inline Host {
 /// the same way.
 void OrderLayers(TLayerGraph& aGraph);
 
-/// How many pairs of strands cross in the order of the layers (Barth, Juenger and Mutzel, "Simple and
-/// Efficient Bilayer Cross Counting", 2002).
-long CountCrossings(const TLayerGraph& aGraph);
-
 }  // namespace Zor::inline Host

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <queue>
+#include <utility>
 
 namespace Zor::inline Host {
 
@@ -13,6 +16,8 @@ constexpr double Same = 0.8;
 constexpr double Straight = 0.01;
 /// Two lines on top of each other are worse than any crossings.
 constexpr int OverlapCost = 1000;
+/// In a gap with more ways than these nobody sees which one runs above which.
+constexpr std::size_t MostCompared = 1500;
 
 std::size_t At(int aIndex) { return static_cast<std::size_t>(aIndex); }
 
@@ -65,6 +70,7 @@ class TDealing {
 
   TTracks Run() {
     fByLow = SortedByLow();
+    if (fWays.size() > MostCompared) return FirstFit();
     SplitLocked();
     fByLow = SortedByLow();
     fBelow.resize(fWays.size());
@@ -100,6 +106,26 @@ class TDealing {
         aDo(std::min(fByLow[i], fByLow[j]), std::max(fByLow[i], fByLow[j]));
       }
     }
+  }
+
+  /// Each way, from the left, on the track that has been free for longest.
+  TTracks FirstFit() {
+    using TFree = std::pair<double, int>;  // from where on, track
+    std::priority_queue<TFree, std::vector<TFree>, std::greater<>> free;
+    for (const int index : fByLow) {
+      const TWay& way = fWays[At(index)];
+      int track = fTracks.count;
+      if (!free.empty() && free.top().first < way.low - Same) {
+        track = free.top().second;
+        free.pop();
+      } else {
+        ++fTracks.count;
+      }
+      free.emplace(way.high, track);
+      fTracks.legs[way.strand].push_back({track, way.to});
+      fTracks.alone[way.strand] = false;
+    }
+    return std::move(fTracks);
   }
 
   /// Two ways that begin where the other one ends would lie on each other in either order: one of them takes
