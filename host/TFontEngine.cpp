@@ -13,6 +13,8 @@ namespace {
 constexpr std::size_t MostWords = 8192;
 /// Longer texts are measured each time, so that what is kept stays below a few tens of megabytes.
 constexpr std::size_t LongestWord = 256;
+/// Millimetres that make no difference.
+constexpr double Touch = 0.001;
 
 double Positive(double value) { return std::isfinite(value) && value > 0 ? value : 0; }
 
@@ -63,29 +65,38 @@ TTextSize TFontEngine::Measure(std::string_view text, const TFontSpec& font) {
 }
 
 std::vector<TTextLine> TFontEngine::BreakLines(std::string_view text, const TFontSpec& font, double widthMM) {
-  TFace& face = fShaper->Face(font);
-  const double height = Positive(font.heightMM);
-  const double limit = height > 0 ? Positive(widthMM) / height : 0;
   std::vector<TTextLine> lines;
   std::string buffer;
   for (std::size_t start = 0;;) {
     const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
-    const std::string_view paragraph = CleanText(text.substr(start, end - start), buffer);
-    for (TTextLine line : fShaper->Break(paragraph, face, limit)) {
-      const bool atBreak = line.start + line.length < paragraph.size();
-      const std::size_t full = line.length;
-      while (atBreak && line.length > 0 && paragraph[line.start + line.length - 1] == ' ') --line.length;
-      if (line.length != full)
-        line.width = Measure(paragraph.substr(line.start, line.length), font).width;
-      else
-        line.width *= height;
+    const std::size_t before = lines.size();
+    AppendParagraph(lines, CleanText(text.substr(start, end - start), buffer), font, widthMM);
+    for (std::size_t i = before; i < lines.size(); ++i) {
       // Bytes that were no text have grown: what stands behind them is held inside the text.
-      line.start = std::min(start + line.start, end);
-      line.length = std::min(line.length, end - line.start);
-      lines.push_back(line);
+      lines[i].start = std::min(start + lines[i].start, end);
+      lines[i].length = std::min(lines[i].length, end - lines[i].start);
     }
     if (end == text.size()) return lines;
     start = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
+  }
+}
+
+void TFontEngine::AppendParagraph(std::vector<TTextLine>& lines, std::string_view paragraph,
+                                  const TFontSpec& font, double widthMM) {
+  if (paragraph.size() <= LongestWord) {
+    const double width = Measure(paragraph, font).width;
+    // At the very edge the layout decides.
+    if (width < widthMM - Touch) return lines.push_back({0, paragraph.size(), width});
+  }
+  const double height = Positive(font.heightMM);
+  const double limit = height > 0 ? Positive(widthMM) / height : 0;
+  for (TTextLine line : fShaper->Break(paragraph, fShaper->Face(font), limit)) {
+    const bool atBreak = line.start + line.length < paragraph.size();
+    const std::size_t full = line.length;
+    while (atBreak && line.length > 0 && paragraph[line.start + line.length - 1] == ' ') --line.length;
+    line.width = line.length == full ? line.width * height
+                                     : Measure(paragraph.substr(line.start, line.length), font).width;
+    lines.push_back(line);
   }
 }
 

@@ -74,6 +74,11 @@ class TFontEngine {
 
  private:
   struct TCache;
+
+  /// The lines of a text without line ends.
+  void AppendParagraph(std::vector<TTextLine>& lines, std::string_view paragraph, const TFontSpec& font,
+                       double widthMM);
+
   std::unique_ptr<TShaper> fShaper;
   std::unique_ptr<TCache> fCache;
 };

@@ -259,6 +259,7 @@ const TGlyphLine& TShaper::Glyphs(std::string_view text, const TFace& face) {
 }
 
 double TShaper::WidthInEm(std::string_view text, const TFace& face) {
+  if (text.size() <= LongestRun) return Glyphs(text, face).width;
   double width = 0;
   while (!text.empty()) {
     const std::string_view run = WholeCharacters(text, LongestRun);

@@ -83,23 +83,24 @@ void DiagramCommand::Tell(const TKDXDiagramModel& aModel) const {
   }
 }
 
-void DiagramCommand::Draw(TKDXDiagramModel& aModel) const {
-  TKDXLabel document;
-  document.SetEditorMode(fMode);
-  DrawDiagram(document, aModel, dpgFit);
-  fOutput.Write(document, fOptions);
+int DiagramCommand::Model() const {
+  const auto model = ZORParseDiagram(DiagramText(ReadInput(fInput)), Language());
+  fOutput.WriteBytes(DiagramToJson(*model)->ToJSON(false) + '\n');
+  return IsGood(*model) ? 0 : 1;
 }
 
-int DiagramCommand::Run() const {
+int DiagramCommand::Draw() const {
+  // The fonts of the system are looked up while the text is read.
+  TKDXLabel document;
   const auto model = ZORParseDiagram(DiagramText(ReadInput(fInput)), Language());
-  const bool good = IsGood(*model);
-  if (fModel) {
-    fOutput.WriteBytes(DiagramToJson(*model)->ToJSON(false) + '\n');
-  } else {
-    Tell(*model);
-    if (good) Draw(*model);
-  }
-  return good ? 0 : 1;
+  Tell(*model);
+  if (!IsGood(*model)) return 1;
+  document.SetEditorMode(fMode);
+  DrawDiagram(document, *model, dpgFit);
+  fOutput.Write(document, fOptions);
+  return 0;
 }
+
+int DiagramCommand::Run() const { return fModel ? Model() : Draw(); }
 
 }  // namespace Zor::Program

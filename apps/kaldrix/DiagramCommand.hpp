@@ -19,7 +19,9 @@ class DiagramCommand final : public Command {
   bool IsGood(const TKDXDiagramModel& aModel) const;
   /// Writes the diagnostics to standard error; with `--strict` up to the first warning.
   void Tell(const TKDXDiagramModel& aModel) const;
-  void Draw(TKDXDiagramModel& aModel) const;
+  // Each gives the exit status.
+  int Model() const;
+  int Draw() const;
 
   std::string fInput;
   Output fOutput;
