@@ -9,6 +9,7 @@
 #include "kaldrix/diagrams/DiagramToJson.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
 #include "kaldrix/platform/Ansi.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::Program {
@@ -21,19 +22,22 @@ const std::map<std::string, TZOREditorMode> Modes{{"labelling", emLabelling},
                                                   {"drawing", emDrawing},
                                                   {"interactive", emInteractive}};
 
-/// The text in UTF-8, its lines ended by a line feed, so that they are counted as editors do.
-std::string DiagramText(std::string aBytes) {
-  if (!Utf8::IsValid(aBytes)) aBytes = AnsiToUtf8(aBytes);
+std::string NameOf(const std::string& aInput) { return aInput == "-" ? "standard input" : aInput; }
+
+/// A file's text in UTF-8, its lines ended by a line feed, so that they are counted as editors do. Raises an
+/// Exception for a file that is no text.
+std::string ReadText(const std::string& aInput) {
+  std::string bytes = ReadInput(aInput);
+  if (bytes.find('\0') != std::string::npos) throw Exception(NameOf(aInput) + ": the file is no text");
+  if (!Utf8::IsValid(bytes)) bytes = AnsiToUtf8(bytes);
   std::string text;
-  text.reserve(aBytes.size());
-  for (std::size_t i = 0; i < aBytes.size(); ++i) {
-    const bool pair = aBytes[i] == '\r' && i + 1 < aBytes.size() && aBytes[i + 1] == '\n';
-    if (!pair) text += aBytes[i];
+  text.reserve(bytes.size());
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const bool pair = bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n';
+    if (!pair) text += bytes[i];
   }
   return text;
 }
-
-std::string NameOf(const std::string& aInput) { return aInput == "-" ? "standard input" : aInput; }
 
 void TellOne(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) {
   std::cerr << aFile << ':';
@@ -84,7 +88,7 @@ void DiagramCommand::Tell(const TKDXDiagramModel& aModel) const {
 }
 
 int DiagramCommand::Model() const {
-  const auto model = ZORParseDiagram(DiagramText(ReadInput(fInput)), Language());
+  const auto model = ZORParseDiagram(ReadText(fInput), Language());
   fOutput.WriteBytes(DiagramToJson(*model)->ToJSON(false) + '\n');
   return IsGood(*model) ? 0 : 1;
 }
@@ -92,7 +96,7 @@ int DiagramCommand::Model() const {
 int DiagramCommand::Draw() const {
   // The fonts of the system are looked up while the text is read.
   TKDXLabel document;
-  const auto model = ZORParseDiagram(DiagramText(ReadInput(fInput)), Language());
+  const auto model = ZORParseDiagram(ReadText(fInput), Language());
   Tell(*model);
   if (!IsGood(*model)) return 1;
   document.SetEditorMode(fMode);

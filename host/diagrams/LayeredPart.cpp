@@ -12,7 +12,7 @@ namespace {
 
 // Millimetres.
 constexpr double LabelGap = 1;
-constexpr double LoopReach = 4, LoopStep = 2.5;
+constexpr double LoopReach = 4, LoopStep = 2.5;  ///< the first loop, and each further one
 /// Lines that bend less than this are straight.
 constexpr double Straight = 0.01;
 
@@ -60,18 +60,20 @@ void TLayeredPart::AddLoops() {
   for (std::size_t i = 0; i < fCells.cells.size(); ++i) {
     if (fCells.cells[i].node >= 0) cellOf[At(fCells.cells[i].node)] = static_cast<int>(i);
   }
-  std::vector<int> loops(fCells.cells.size());
+  std::vector<double> reach(fCells.cells.size(), LoopReach);  // upward, of the next loop
   for (const int index : fEdges) {
     const TLayoutEdge& edge = fGraph.edges[At(index)];
     if (edge.from != edge.to) continue;
     const int number = cellOf[At(edge.from)];
     TCell& cell = fCells.Cell(number);
-    const double up = LoopReach + LoopStep * loops[At(number)]++;
-    const double half = fGraph.nodes[At(edge.from)].size.width / 2;
-    fLoops.push_back({index, number, up, cell.right - half + LoopReach});
+    const TLayoutSize& size = fGraph.nodes[At(edge.from)].size;
+    // A loop goes round the label of the one before it, which stands on the height of the port at the right.
+    double& up = reach[At(number)];
+    fLoops.push_back({index, number, up, cell.right - size.width / 2 + LoopReach});
     cell.right += LoopReach + (edge.label.width > 0 ? edge.label.width + 2 * LabelGap : 0);
-    cell.height = fGraph.nodes[At(edge.from)].size.height + 2 * up;
-    cell.height = std::max(cell.height, edge.label.height + 2 * up);
+    const double labelHeight = edge.label.width > 0 ? edge.label.height + LabelGap : 0;
+    cell.height = std::max(cell.height, 2 * std::max(size.height / 2 + up, labelHeight));
+    up = std::max(up + LoopStep, labelHeight + LabelGap - size.height / 2);
   }
 }
 
@@ -236,7 +238,8 @@ TLayoutRoute TLayeredPart::LoopRoute(const TLoop& aLoop) const {
   route.fromPosition = out.position;
   route.toPosition = in.position;
   route.points = {{x, top}, {right, top}, {right, y}};
-  route.label = {right + LabelGap, (top + y) / 2 - edge.label.height / 2};
+  const double lowest = y - LabelGap - edge.label.height;
+  route.label = {right + LabelGap, std::min((top + y - edge.label.height) / 2, lowest)};
   return route;
 }
 
