@@ -161,6 +161,7 @@ class TDealing {
 
   void Compare(int a, int b) {
     const TWay &first = fWays[At(a)], &second = fWays[At(b)];
+    fTracks.alone[first.strand] = fTracks.alone[second.strand] = false;
     if (first.strand == second.strand) {
       fApart[At(a)].push_back(b);
       fApart[At(b)].push_back(a);
@@ -239,7 +240,6 @@ class TDealing {
   void TellLegs() {
     for (std::size_t i = 0; i < fWays.size(); ++i) {
       fTracks.legs[fWays[i].strand].push_back({fTrack[i], fWays[i].to});
-      if (!fApart[i].empty()) fTracks.alone[fWays[i].strand] = false;
     }
   }
 

@@ -12,7 +12,7 @@ namespace {
 
 // Millimetres.
 constexpr double LabelGap = 1;
-constexpr double LoopReach = 4, LoopStep = 2.5;  ///< the first loop, and each further one
+constexpr double LoopReach = 4, LoopStep = 2.5;
 /// Lines that bend less than this are straight.
 constexpr double Straight = 0.01;
 
@@ -66,14 +66,17 @@ void TLayeredPart::AddLoops() {
     if (edge.from != edge.to) continue;
     const int number = cellOf[At(edge.from)];
     TCell& cell = fCells.Cell(number);
-    const TLayoutSize& size = fGraph.nodes[At(edge.from)].size;
-    // A loop goes round the label of the one before it, which stands on the height of the port at the right.
+    const TLayoutNode& node = fGraph.nodes[At(edge.from)];
+    const double halfHeight = node.size.height / 2;
+    // A loop goes round the label of the one before it, which reaches that far above the middle of the node.
+    const double label = edge.label.width > 0
+                             ? edge.label.height + LabelGap + halfHeight - MiddlePort(node, lsdRight).at.y
+                             : 0;
     double& up = reach[At(number)];
-    fLoops.push_back({index, number, up, cell.right - size.width / 2 + LoopReach});
+    fLoops.push_back({index, number, up, cell.right - node.size.width / 2 + LoopReach});
     cell.right += LoopReach + (edge.label.width > 0 ? edge.label.width + 2 * LabelGap : 0);
-    const double labelHeight = edge.label.width > 0 ? edge.label.height + LabelGap : 0;
-    cell.height = std::max(cell.height, 2 * std::max(size.height / 2 + up, labelHeight));
-    up = std::max(up + LoopStep, labelHeight + LabelGap - size.height / 2);
+    cell.height = std::max(cell.height, 2 * std::max(halfHeight + up, label));
+    up = std::max(up + LoopStep, label + LabelGap - halfHeight);
   }
 }
 
@@ -209,8 +212,9 @@ void TLayeredPart::PreferStep(const TChain& aChain, TLayoutRoute& aRoute, double
                        : middle(aRoute.fromPosition, 10) && middle(aRoute.toPosition, 2);
   if (!offered || aChain.count != 1 || aRoute.points.size() != 2) return;
   const std::size_t gap = At(fCells.Cell(fCells.Strand(aChain.first).up).layer);
-  if (!fTracks[gap].alone[fGapIndex[At(aChain.first)]]) return;
   const double y = (aFrom + aTo) / 2;
+  const bool moves = std::abs(y - aRoute.points.front().y) > Straight;
+  if (moves && !fTracks[gap].alone[fGapIndex[At(aChain.first)]]) return;
   if (y < fLayers[gap].Bottom() + 1 || y > fLayers[gap + 1].top - 1) return;
   aRoute.type = ltStepLineTwoPto;
   for (TLayoutPoint& point : aRoute.points) point.y = y;

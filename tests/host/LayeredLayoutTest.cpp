@@ -163,6 +163,42 @@ TEST(LayeredLayout, EdgesLeadOnAndChainsRunStraight) {
   }
 }
 
+TEST(LayeredLayout, LoopsGoRoundLabelsOfAnyHeight) {
+  for (const bool leftRight : {false, true}) {
+    for (const double height : {3.5, 15.0, 40.0}) {
+      TLayoutGraph graph;
+      graph.leftRight = leftRight;
+      graph.nodes = {Box(30, 10, 3), Box(30, 10, 3)};
+      for (int i = 0; i < 3; ++i) graph.edges.push_back({0, 0, {height, height}});
+      graph.edges.push_back({0, 1, {}});
+      const TLayout layout = LayeredLayout(graph);
+      std::vector<TSceneBox> boxes = NodeBoxes(graph, layout);
+      const std::vector<TSceneBox> labels = LabelBoxes(graph, layout);
+      for (std::size_t i = 0; i < graph.edges.size(); ++i) {
+        for (const TSceneBox& label : labels) EXPECT_FALSE(RunsInto(Road(graph, layout, i), label)) << height;
+      }
+      boxes.insert(boxes.end(), labels.begin(), labels.end());
+      EXPECT_EQ(Overlaps(boxes), 0) << height;
+      for (const TSceneBox& box : boxes) EXPECT_TRUE(Inside(box, layout.size)) << height;
+    }
+  }
+}
+
+/// Two edges out of one port to nodes of different heights: their middles differ by less than a line's room.
+TEST(LayeredLayout, EdgesOfOnePortTurnAtOneHeight) {
+  TLayoutGraph graph;
+  graph.nodes = {Box(20, 10, 1), Box(20, 10, 1), Box(20, 11, 1)};
+  for (TLayoutNode& node : graph.nodes) {
+    node.ports[lsdTop][0].position = 3;
+    node.ports[lsdBottom][0].position = 11;
+  }
+  graph.edges = {{0, 1, {}}, {0, 2, {}}};
+  const TLayout layout = LayeredLayout(graph);
+  ASSERT_EQ(layout.routes[0].points.size(), 2U);
+  ASSERT_EQ(layout.routes[1].points.size(), 2U);
+  EXPECT_DOUBLE_EQ(layout.routes[0].points[0].y, layout.routes[1].points[0].y);
+}
+
 TEST(LayeredLayout, TheSameGraphGivesTheSameLayout) {
   const TLayoutGraph graph = RandomGraph(60, 4);
   const TLayout first = LayeredLayout(graph), second = LayeredLayout(graph);
