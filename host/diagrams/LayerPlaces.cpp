@@ -189,9 +189,13 @@ class TPlacing {
                            [&](const TWish& wish) { return std::abs(wish.x - aX) < Straight; });
     };
     const double least = Least(aCell), most = Most(aCell);
+    // The nodes of a chain stand below each other, wherever that is; others stay in the middle of their
+    // neighbours.
+    const bool inChain = fGraph.above[At(aCell)].size() <= 1 && fGraph.below[At(aCell)].size() <= 1;
     double best = cell.x;
     for (const TWish& wish : fWishes) {
-      const bool fits = std::abs(wish.x - cell.x) < MostNudge && wish.x >= least && wish.x <= most;
+      const bool near = inChain || std::abs(wish.x - cell.x) < MostNudge;
+      const bool fits = near && wish.x >= least && wish.x <= most;
       if (fits && straightAt(wish.x) > straightAt(best)) best = wish.x;
     }
     return std::exchange(cell.x, best) != best;
