@@ -199,6 +199,14 @@ TEST(LayeredLayout, EdgesOfOnePortTurnAtOneHeight) {
   EXPECT_DOUBLE_EQ(layout.routes[0].points[0].y, layout.routes[1].points[0].y);
 }
 
+TEST(LayeredLayout, LongEdgesBendFourTimesAtMost) {
+  for (unsigned seed = 0; seed < 12; ++seed) {
+    const TLayoutGraph graph = RandomGraph(60, seed);
+    const TLayout layout = LayeredLayout(graph);
+    for (const TLayoutRoute& route : layout.routes) EXPECT_LE(route.points.size(), 4U) << seed;
+  }
+}
+
 TEST(LayeredLayout, TheSameGraphGivesTheSameLayout) {
   const TLayoutGraph graph = RandomGraph(60, 4);
   const TLayout first = LayeredLayout(graph), second = LayeredLayout(graph);
