@@ -15,8 +15,7 @@ bool Inner(const TLayerGraph& aGraph, const TStrand& aStrand) {
   return aGraph.Cell(aStrand.up).node < 0 && aGraph.Cell(aStrand.down).node < 0;
 }
 
-/// The strands that cross one in the middle of a long edge: those are not to be
-/// straight (type 1 conflicts).
+/// The strands that cross one in the middle of a long edge: those are not to be straight (type 1 conflicts).
 std::vector<bool> Conflicts(const TLayerGraph& aGraph) {
   std::vector<bool> conflicts(aGraph.strands.size());
   for (std::size_t layer = 1; layer < aGraph.layers.size(); ++layer) {
@@ -109,8 +108,7 @@ class TAlignment {
     const int place = cell.place + (aBefore == fFromLeft ? -1 : 1);
     return place < 0 || At(place) >= layer.size() ? -1 : layer[At(place)];
   }
-  /// How far the block of the second cell stands from that of the first one, at
-  /// least.
+  /// How far the block of the second cell stands from that of the first one, at least.
   double Distance(int aFirst, int aNext) const {
     const TCell &first = fGraph.Cell(aFirst), &next = fGraph.Cell(aNext);
     const double apart = fFromLeft ? Apart(first, next, fGaps) : Apart(next, first, fGaps);
@@ -143,8 +141,7 @@ class TAlignment {
     }
     for (auto block = order.rbegin(); block != order.rend(); ++block) Approach(*block);
   }
-  /// Moves a block on, up to its neighbours. What stands at the far border
-  /// stays.
+  /// Moves a block on, up to its neighbours. What stands at the far border stays.
   void Approach(int aBlock) {
     double most = std::numeric_limits<double>::infinity();
     ForCells(aBlock, [&](int cell) {
@@ -191,8 +188,7 @@ std::vector<double> AlignedPlaces(const TLayerGraph& aGraph, const TLayeredGaps&
     extents[i] = ExtentOf(aGraph, runs[i]);
     if (extents[i].Width() < extents[narrowest].Width()) narrowest = i;
   }
-  // Runs from the left begin, runs from the right end where the narrowest one
-  // does.
+  // Runs from the left begin, runs from the right end where the narrowest one does.
   std::array<double, 4> moves{};
   for (std::size_t i = 0; i < runs.size(); ++i) {
     moves[i] = i < 2 ? extents[narrowest].low - extents[i].low : extents[narrowest].high - extents[i].high;

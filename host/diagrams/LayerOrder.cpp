@@ -1,9 +1,10 @@
 #include "host/diagrams/LayerOrder.hpp"
 
 #include <algorithm>
-#include <cstdint>
 #include <span>
 #include <utility>
+
+#include "host/diagrams/LayerStarts.hpp"
 
 namespace Zor::inline Host {
 
@@ -12,12 +13,14 @@ namespace {
 constexpr std::size_t LeastSweeps = 4, MostSweeps = 24;
 /// Cells and strands that are looked at by the sweeps of a run, so that large graphs take linear time.
 constexpr std::size_t SweepWork = 1'000'000;
-constexpr int MostIdleSweeps = 8, MostExchangeRounds = 10;
+constexpr int MostIdleSweeps = 8, MostExchangeRounds = 10, SettleRounds = 20;
+/// Cells and strands in the rounds that also exchange what does not matter, so that others can pass.
+constexpr std::size_t LooseWork = 50'000, LeastLooseRounds = 2;
 /// So many cells are put in order from different beginnings: often for a small graph, twice for a large one.
-constexpr std::size_t CellsToOrder = 3000, LeastStarts = 2, MostStarts = 12;
+constexpr std::size_t CellsToOrder = 3000, LeastStarts = 2, MostStarts = 6;
 
 using TIndexes = std::vector<int>;
-using TLayers = std::vector<TIndexes>;
+using TLayers = TLayerOrder;
 
 std::size_t At(int aIndex) { return static_cast<std::size_t>(aIndex); }
 
@@ -58,6 +61,11 @@ class TNeighbours {
   std::span<const int> Of(int aCell) const {
     return {fCells.data() + fStarts[At(aCell)], fStarts[At(aCell) + 1] - fStarts[At(aCell)]};
   }
+  void SortByPlace(int aCell, const TIndexes& aPlaces) {
+    const auto begin = fCells.begin() + static_cast<long>(fStarts[At(aCell)]);
+    const auto end = fCells.begin() + static_cast<long>(fStarts[At(aCell) + 1]);
+    if (end - begin > 1) std::sort(begin, end, [&](int a, int b) { return aPlaces[At(a)] < aPlaces[At(b)]; });
+  }
 
  private:
   std::vector<std::size_t> fStarts;
@@ -71,8 +79,12 @@ class TOrdering {
       : fAbove(aGraph, true),
         fBelow(aGraph, false),
         fPlaces(aGraph.cells.size()),
+        fOnWay(aGraph.cells.size()),
         fKeys(aGraph.cells.size()) {
     const std::size_t size = aGraph.cells.size() + aGraph.strands.size();
+    for (std::size_t i = 0; i < fOnWay.size(); ++i) fOnWay[i] = aGraph.cells[i].node < 0;
+    fLooseRounds = static_cast<int>(
+        std::clamp<std::size_t>(LooseWork / (size + 1), LeastLooseRounds, MostExchangeRounds));
     fMostSweeps = static_cast<int>(std::clamp<std::size_t>(SweepWork / (size + 1), LeastSweeps, MostSweeps));
   }
 
@@ -85,7 +97,10 @@ class TOrdering {
          ++sweep, ++idle) {
       // Every second pair of sweeps lets equal medians change places.
       Sweep(sweep % 2 == 0, sweep % 4 >= 2);
-      Exchange();
+      Exchange(fLooseRounds, [&](long gain, int left, int right) {
+        return gain > 0 || (gain == 0 && InnerGain(left, right) >= 0);
+      });
+      Exchange(MostExchangeRounds, [](long gain, int, int) { return gain > 0; });
       const long crossings = Crossings();
       if (crossings >= fewest) continue;
       fewest = crossings;
@@ -93,6 +108,18 @@ class TOrdering {
       idle = 0;
     }
     return fewest;
+  }
+
+  /// Exchanges neighbours of which either may come first: so that long edges cross at their ends, where they
+  /// bend anyway, and else into the order of `aTold`, a number by cell.
+  void Settle(TLayers& aLayers, const TIndexes& aTold) {
+    fLayers = std::move(aLayers);
+    for (const TIndexes& layer : fLayers) NumberPlaces(layer);
+    Exchange(SettleRounds, [&](long gain, int left, int right) {
+      const int inner = InnerGain(left, right);
+      return gain == 0 && (inner > 0 || (inner == 0 && aTold[At(left)] > aTold[At(right)]));
+    });
+    aLayers = std::move(fLayers);
   }
 
   /// In the order that was looked at last.
@@ -151,111 +178,73 @@ class TOrdering {
     NumberPlaces(aLayer);
   }
 
-  /// Exchanges neighbours while that takes crossings away. A layer is looked at again when it, or a layer
-  /// next to it, has changed.
-  void Exchange() {
+  /// Exchanges neighbours for which `aAccept` says so, told how many crossings that takes away. A layer is
+  /// looked at again when it, or a layer next to it, has changed.
+  template <class TAccept>
+  void Exchange(int aRounds, TAccept aAccept) {
     std::vector<bool> open(fLayers.size(), true);
-    bool better = true;
-    for (int round = 0; better && round < MostExchangeRounds; ++round) {
-      better = false;
+    bool changed = true;
+    for (int round = 0; changed && round < aRounds; ++round) {
+      changed = false;
       for (std::size_t i = 0; i < fLayers.size(); ++i) {
         if (!open[i]) continue;
-        open[i] = ExchangeLayer(fLayers[i]);
+        open[i] = ExchangeLayer(fLayers[i], aAccept);
         if (!open[i]) continue;
-        better = true;
+        changed = true;
         if (i > 0) open[i - 1] = true;
         if (i + 1 < fLayers.size()) open[i + 1] = true;
       }
     }
   }
-  bool ExchangeLayer(TIndexes& aLayer) {
-    bool better = false;
-    for (std::size_t i = 0; i + 1 < aLayer.size(); ++i) {
-      if (Gain(aLayer[i], aLayer[i + 1]) <= 0) continue;
-      std::swap(aLayer[i], aLayer[i + 1]);
-      std::swap(fPlaces[At(aLayer[i])], fPlaces[At(aLayer[i + 1])]);
-      better = true;
+  template <class TAccept>
+  bool ExchangeLayer(TIndexes& aLayer, TAccept aAccept) {
+    for (const int cell : aLayer) {
+      fAbove.SortByPlace(cell, fPlaces);
+      fBelow.SortByPlace(cell, fPlaces);
     }
-    return better;
+    bool changed = false;
+    for (std::size_t i = 0; i + 1 < aLayer.size(); ++i) {
+      const int left = aLayer[i], right = aLayer[i + 1];
+      if (!aAccept(Gain(fAbove, left, right) + Gain(fBelow, left, right), left, right)) continue;
+      std::swap(aLayer[i], aLayer[i + 1]);
+      std::swap(fPlaces[At(left)], fPlaces[At(right)]);
+      changed = true;
+    }
+    return changed;
   }
-  /// How many crossings go when neighbours exchange their places.
-  long Gain(int aLeft, int aRight) {
+  /// How many crossings on a side go when cells exchange their places, whose neighbours are sorted by place.
+  long Gain(const TNeighbours& aSide, int aLeft, int aRight) const {
+    const std::span<const int> left = aSide.Of(aLeft), right = aSide.Of(aRight);
+    std::size_t before = 0, upTo = 0;
     long gain = 0;
-    for (const bool up : {true, false}) {
-      SortedPlaces(aLeft, up, fFirst);
-      SortedPlaces(aRight, up, fSecond);
-      gain += Inversions(fFirst, fSecond) - Inversions(fSecond, fFirst);
+    for (const int cell : left) {
+      const int place = fPlaces[At(cell)];
+      while (before < right.size() && fPlaces[At(right[before])] < place) ++before;
+      while (upTo < right.size() && fPlaces[At(right[upTo])] <= place) ++upTo;
+      gain += static_cast<long>(before + upTo) - static_cast<long>(right.size());
     }
     return gain;
   }
-  /// Pairs of sorted places of which the first is the greater.
-  static long Inversions(const TIndexes& aFirst, const TIndexes& aSecond) {
-    long count = 0;
-    std::size_t below = 0;
-    for (const int place : aFirst) {
-      while (below < aSecond.size() && aSecond[below] < place) ++below;
-      count += static_cast<long>(below);
-    }
-    return count;
+
+  /// Of that, crossings in the middle of two long edges, on both sides.
+  int InnerGain(int aLeft, int aRight) const {
+    return InnerGain(fAbove, aLeft, aRight) + InnerGain(fBelow, aLeft, aRight);
+  }
+  int InnerGain(const TNeighbours& aSide, int aLeft, int aRight) const {
+    if (!fOnWay[At(aLeft)] || !fOnWay[At(aRight)]) return 0;
+    const int left = aSide.Of(aLeft).front(), right = aSide.Of(aRight).front();
+    if (!fOnWay[At(left)] || !fOnWay[At(right)]) return 0;
+    return fPlaces[At(left)] > fPlaces[At(right)] ? 1 : -1;
   }
 
   TNeighbours fAbove, fBelow;
   TLayers fLayers;
   TIndexes fPlaces;           ///< by cell
+  std::vector<bool> fOnWay;   ///< by cell: part of a long edge
   std::vector<double> fKeys;  ///< medians, by cell
-  TIndexes fFirst, fSecond, fMoving;
-  int fMostSweeps;
+  TIndexes fFirst, fMoving;
+  int fMostSweeps, fLooseRounds;
 };
-
-/// The order in which a search in breadth meets the cells, from the top or from the bottom: trees come out
-/// without crossings, and branches in the order in which they were told.
-TLayers SearchedOrder(const TLayerGraph& aGraph, bool aFromTop) {
-  TLayers layers(aGraph.layers.size());
-  std::vector<bool> met(aGraph.cells.size());
-  TIndexes queue;
-  const auto visit = [&](int aCell) {
-    if (met[At(aCell)]) return;
-    met[At(aCell)] = true;
-    layers[At(aGraph.Cell(aCell).layer)].push_back(aCell);
-    queue.push_back(aCell);
-  };
-  const auto follow = [&](int aCell, bool aDown) {
-    for (const int strand : (aDown ? aGraph.below : aGraph.above)[At(aCell)]) {
-      visit(aDown ? aGraph.Strand(strand).down : aGraph.Strand(strand).up);
-    }
-  };
-  const std::size_t count = aGraph.layers.size();
-  std::size_t next = 0;
-  for (std::size_t i = 0; i < count; ++i) {
-    for (const int start : aGraph.layers[aFromTop ? i : count - 1 - i]) {
-      visit(start);
-      for (; next < queue.size(); ++next) {
-        follow(queue[next], aFromTop);
-        follow(queue[next], !aFromTop);
-      }
-    }
-  }
-  return layers;
-}
-
-/// The same shuffle on every machine, another for each `aSeed`.
-void Shuffle(TLayers& aLayers, std::uint32_t aSeed) {
-  constexpr std::uint32_t factor = 1664525, step = 1013904223;  // Numerical Recipes, 2nd edition, 7.1
-  std::uint32_t state = aSeed;
-  for (TIndexes& layer : aLayers) {
-    for (std::size_t i = layer.size(); i > 1; --i) {
-      state = state * factor + step;
-      std::swap(layer[i - 1], layer[(state >> 8) % i]);
-    }
-  }
-}
-
-/// The beginning of a run: two searches, then chance.
-TLayers FirstOrder(const TLayerGraph& aGraph, std::size_t aStart) {
-  TLayers layers = SearchedOrder(aGraph, aStart % 2 == 0);
-  if (aStart >= 2) Shuffle(layers, static_cast<std::uint32_t>(aStart));
-  return layers;
-}
 
 }  // namespace
 
@@ -271,6 +260,7 @@ void OrderLayers(TLayerGraph& aGraph) {
     fewest = crossings;
     best = std::move(layers);
   }
+  ordering.Settle(best, ToldOrder(aGraph));
   aGraph.layers = std::move(best);
   aGraph.NumberPlaces();
 }

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "host/diagrams/RankSimplex.hpp"
+
 namespace Zor::inline Host {
 
 namespace {
@@ -86,6 +88,7 @@ class TRanking {
     LongestWays();
     for (int i = 0; i < Passes && Shorten(); ++i) {
     }
+    ShortenRanks(fEdges, fRanks);
     const int least = fRanks.empty() ? 0 : *std::min_element(fRanks.begin(), fRanks.end());
     for (int& rank : fRanks) rank -= least;
     return std::move(fRanks);

@@ -16,9 +16,8 @@ struct TRankEdge {
 /// which begins at nodes without edges into them and else follows the given order.
 void BreakCircles(int aNodes, std::vector<TRankEdge>& aEdges);
 
-/// The layer of each node, from 0 on, for edges without circles. Nodes are moved towards their neighbours, so
-/// that edges are short (after Gansner, Koutsofios, North and Vo, "A Technique for Drawing Directed Graphs",
-/// 1993; by local moves in place of the simplex method).
+/// The layer of each node, from 0 on, for edges without circles, so that the edges are as short in all as
+/// they can be. The nodes hang together.
 std::vector<int> LayerRanks(int aNodes, const std::vector<TRankEdge>& aEdges);
 
 }  // namespace Zor::inline Host

@@ -10,14 +10,12 @@ namespace Zor::inline Host {
 namespace {
 
 constexpr int Rounds = 8;
-/// How hard a strand pulls: between nodes, between a node and a cell on the
-/// way, and between two of those.
+/// How hard a strand pulls: between nodes, between a node and a cell on the way, and between two of those.
 constexpr double PullNodes = 1, PullEnd = 2, PullWay = 8;
-/// What is no bend, and how far nodes with branches leave the middle of their
-/// neighbours to save one, millimetres.
+/// What is no bend, and how far nodes with branches leave the middle of their neighbours to save one,
+/// millimetres.
 constexpr double Straight = 0.001, MostOff = 6;
-/// So many strands on either side of the middle one are looked at for one that
-/// may become straight.
+/// So many strands on either side of the middle one are looked at for one that may become straight.
 constexpr std::size_t Candidates = 3;
 
 std::size_t At(int aIndex) { return static_cast<std::size_t>(aIndex); }
@@ -118,8 +116,7 @@ class TShifting {
                                                                   : PullWay});
   }
 
-  /// The weighted median of the wishes, or a wish close to it that saves a
-  /// bend.
+  /// The weighted median of the wishes, or a wish close to it that saves a bend.
   double BestMove(double aLeast, double aMost, double aMostOff) {
     std::sort(fWishes.begin(), fWishes.end(), [](const TWish& a, const TWish& b) { return a.move < b.move; });
     double all = 0, passed = 0;

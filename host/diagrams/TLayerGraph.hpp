@@ -1,5 +1,4 @@
-// A graph cut into layers, from the top down: what the steps of a layered
-// layout work on.
+// A graph cut into layers, from the top down: what the steps of a layered layout work on.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +10,8 @@
 
 namespace Zor::inline Host {
 
-/// Something that takes a place in a layer: a node, or an edge on its way
-/// through the layer. Lengths are millimetres; `left` and `right` reach from x
-/// to the sides.
+/// Something that takes a place in a layer: a node, or an edge on its way through the layer. Lengths are
+/// millimetres; `left` and `right` reach from x to the sides.
 struct TCell {
   int node = -1;       ///< -1: an edge on its way
   bool label = false;  ///< the label of the edge stands here
@@ -28,8 +26,7 @@ inline double Apart(const TCell& aLeft, const TCell& aRight, const TLayeredGaps&
   return aLeft.right + aRight.left + (aLeft.node >= 0 && aRight.node >= 0 ? aGaps.node : aGaps.line);
 }
 
-/// A piece of an edge between neighbouring layers. It ends at ports of nodes,
-/// or at the x of cells.
+/// A piece of an edge between neighbouring layers. It ends at ports of nodes, or at the x of cells.
 struct TStrand {
   int up = 0, down = 0;             ///< cells
   double upPort = 0, downPort = 0;  ///< from the x of the cells
@@ -45,9 +42,8 @@ struct TChain {
 
 class TLayerGraph {
  public:
-  /// The nodes of one connected part and the edges between them; edges of a
-  /// node with itself are left out. `aLabelLeft` puts labels to the left of
-  /// their lines.
+  /// The nodes of one connected part and the edges between them; edges of a node with itself are left out.
+  /// `aLabelLeft` puts labels to the left of their lines.
   TLayerGraph(const TLayoutGraph& aGraph, const std::vector<int>& aNodes, const std::vector<int>& aEdges,
               bool aLabelLeft);
 
