@@ -31,7 +31,7 @@ class TBytes {
 
 TLayoutNode Node(TBytes& aBytes) {
   const double width = 5 + aBytes.Next(100), height = 5 + aBytes.Next(60);
-  const int ports = 1 + aBytes.Next(3);
+  const int ports = 1 + 2 * aBytes.Next(2);  // with one in the middle
   TLayoutNode node;
   node.size = {width, height};
   node.side = static_cast<std::int8_t>(aBytes.Next(3) - 1);
