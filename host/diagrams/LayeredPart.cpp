@@ -247,6 +247,25 @@ TLayoutRoute TLayeredPart::LoopRoute(const TLoop& aLoop) const {
   return route;
 }
 
+TLayoutRoute TLayeredPart::FarRoute(const TFarEdge& aEdge) const {
+  const auto end = [&](int aCell, TLayoutSide aSide) {
+    const TLayoutPort& port = MiddlePort(fGraph.nodes[At(fCells.Cell(aCell).node)], aSide);
+    const TLayoutPoint place = NodePlace(aCell);
+    return TLayoutPort{port.position, {place.x + port.at.x, place.y + port.at.y}};
+  };
+  const TLayoutPort top = end(aEdge.top, lsdBottom), bottom = end(aEdge.bottom, lsdTop);
+  const TLayoutSize& label = fGraph.edges[At(aEdge.edge)].label;
+  TLayoutRoute route;
+  route.type = ltDirLine;
+  route.fromPosition = aEdge.reversed ? bottom.position : top.position;
+  route.toPosition = aEdge.reversed ? top.position : bottom.position;
+  route.label = {
+      std::clamp((top.at.x + bottom.at.x - label.width) / 2, 0.0, std::max(0.0, fSize.width - label.width)),
+      std::clamp((top.at.y + bottom.at.y - label.height) / 2, 0.0,
+                 std::max(0.0, fSize.height - label.height))};
+  return route;
+}
+
 void TLayeredPart::Put(const TLayoutPoint& aOrigin, TLayout& aLayout) const {
   const auto moved = [&](const TLayoutPoint& aPoint) {
     return TLayoutPoint{aOrigin.x + aPoint.x, aOrigin.y + aPoint.y};
@@ -262,6 +281,7 @@ void TLayeredPart::Put(const TLayoutPoint& aOrigin, TLayout& aLayout) const {
   }
   for (const TChain& chain : fCells.chains) put(chain.edge, RouteOf(chain));
   for (const TLoop& loop : fLoops) put(loop.edge, LoopRoute(loop));
+  for (const TFarEdge& edge : fCells.farEdges) put(edge.edge, FarRoute(edge));
 }
 
 }  // namespace Zor::inline Host

@@ -40,6 +40,7 @@ class TLayeredPart {
   std::vector<TLayoutPoint> PointsOf(const TChain& aChain) const;
   void PreferStep(const TChain& aChain, TLayoutRoute& aRoute, double aFrom, double aTo) const;
   TLayoutRoute LoopRoute(const TLoop& aLoop) const;
+  TLayoutRoute FarRoute(const TFarEdge& aEdge) const;
   TLayoutPoint LabelPlace(const TChain& aChain) const;
 
   const TLayoutGraph& fGraph;

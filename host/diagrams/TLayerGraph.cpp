@@ -9,6 +9,8 @@ namespace {
 
 /// Between a line and its label, millimetres.
 constexpr double LabelGap = 1;
+/// For edges on their way: enough for any drawing that somebody reads.
+constexpr std::size_t MostCells = 300'000;
 
 std::size_t At(int aIndex) { return static_cast<std::size_t>(aIndex); }
 
@@ -26,6 +28,26 @@ std::vector<TRankEdge> RankEdges(const TLayoutGraph& aGraph, const std::vector<i
   return edges;
 }
 
+std::size_t Span(const TRankEdge& aEdge, const std::vector<int>& aRanks) {
+  return At(aRanks[At(aEdge.to)] - aRanks[At(aEdge.from)]);
+}
+
+/// The most layers that an edge may cross so that all those which do not cross more take MostCells at most.
+std::size_t MostSpan(const std::vector<TRankEdge>& aEdges, const std::vector<int>& aRanks) {
+  std::vector<std::size_t> counts;
+  for (const TRankEdge& edge : aEdges) {
+    const std::size_t span = Span(edge, aRanks);
+    if (span >= counts.size()) counts.resize(span + 1);
+    ++counts[span];
+  }
+  std::size_t cells = 0;
+  for (std::size_t span = 1; span < counts.size(); ++span) {
+    cells += counts[span] * (span - 1);
+    if (cells > MostCells) return span - 1;
+  }
+  return counts.size();
+}
+
 }  // namespace
 
 TLayerGraph::TLayerGraph(const TLayoutGraph& aGraph, const std::vector<int>& aNodes,
@@ -37,7 +59,15 @@ TLayerGraph::TLayerGraph(const TLayoutGraph& aGraph, const std::vector<int>& aNo
   const std::vector<int> ranks = LayerRanks(count, edges);
   layers.resize(At(ranks.empty() ? 0 : *std::max_element(ranks.begin(), ranks.end()) + 1));
   AddNodes(aGraph, aNodes, ranks);
-  for (std::size_t i = 0; i < edges.size(); ++i) AddChain(aGraph, aEdges[i], edges[i]);
+  const std::size_t most = MostSpan(edges, ranks);
+  for (std::size_t i = 0; i < edges.size(); ++i) {
+    const TRankEdge& edge = edges[i];
+    if (Span(edge, ranks) <= most) {
+      AddChain(aGraph, aEdges[i], edge);
+    } else {
+      farEdges.push_back({aEdges[i], edge.reversed, edge.from, edge.to});
+    }
+  }
   NumberPlaces();
 }
 

@@ -40,6 +40,13 @@ struct TChain {
   TLayoutPort top, bottom;   ///< where it ends
 };
 
+/// An edge over more layers than a large graph has cells for: a straight line shows it.
+struct TFarEdge {
+  int edge = 0;
+  bool reversed = false;
+  int top = 0, bottom = 0;  ///< cells
+};
+
 class TLayerGraph {
  public:
   /// The nodes of one connected part and the edges between them; edges of a node with itself are left out.
@@ -60,6 +67,7 @@ class TLayerGraph {
   std::vector<TCell> cells;  ///< the nodes first, in the given order
   std::vector<TStrand> strands;
   std::vector<TChain> chains;
+  std::vector<TFarEdge> farEdges;
   std::vector<std::vector<int>> layers;        ///< cells from the left
   std::vector<std::vector<int>> above, below;  ///< strands, by cell
 

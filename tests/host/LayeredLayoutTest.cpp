@@ -251,6 +251,15 @@ TEST(LayeredLayout, DrawsLargeAndDenseGraphs) {
     const TLayout layout = LayeredLayout(graph);
     EXPECT_EQ(Overlaps(NodeBoxes(graph, layout)), 0);
   }
+  // Edges over thousands of layers are straight lines, so that time and memory stay bounded.
+  TLayoutGraph deep;
+  for (int i = 0; i < 3000; ++i) deep.nodes.push_back(Box(20, 10, 3));
+  for (int i = 1; i < 3000; ++i) deep.edges.push_back({i - 1, i, {}});
+  for (int i = 1; i < 3000; ++i) deep.edges.push_back({0, i, {5, 3}});
+  const TLayout layout = LayeredLayout(deep);
+  EXPECT_EQ(Overlaps(NodeBoxes(deep, layout)), 0);
+  EXPECT_EQ(layout.routes.back().type, ltDirLine);
+  EXPECT_EQ(layout.routes.back().toPosition, MiddlePort(deep.nodes[0], lsdTop).position);
   EXPECT_TRUE(LayeredLayout({}).nodes.empty());
 }
 
