@@ -48,20 +48,10 @@ class TSceneItems {
     return flow.fInID;
   }
   void AddLink(const TSceneLink& aLink, int aFromID, int aToID) {
-    TKDXBaseLink& link = NewLink(aLink.route, aFromID, aToID);
-    link.fFromType = aLink.fromTerm;
-    link.fToType = aLink.toTerm;
-    FillTerms(link);
-    link.fPenWidth = PenWidth;
-    if (aLink.dotted) link.fLineType = Dotted;
+    Dress(NewLink(aLink.route, aFromID, aToID), aLink);
   }
   void AddLine(const TSceneLine& aLine) {
-    auto& line = *fDocument.NewPolyLine(Points(aLine.points), static_cast<int>(aLine.points.size()) - 1);
-    line.fFromType = aLine.fromTerm;
-    line.fToType = aLine.toTerm;
-    FillTerms(line);
-    line.fPenWidth = PenWidth;
-    if (aLine.dotted) line.fLineType = Dotted;
+    Dress(*fDocument.NewPolyLine(Points(aLine.points), static_cast<int>(aLine.points.size()) - 1), aLine);
   }
   void AddText(const TSceneText& aText) {
     const double lineHeight =
@@ -89,15 +79,19 @@ class TSceneItems {
     return *fDocument.NewPolyLink(aFromID, aToID, aRoute.fromPosition, aRoute.toPosition, ltPolyline,
                                   Points(aRoute.points), static_cast<int>(aRoute.points.size()) - 1);
   }
-  /// Filled terminators are as dark as their lines, the others show the paper.
-  template <class TItem>
-  static void FillTerms(TItem& aItem) {
+  /// Pen and terminators. Filled terminators are as dark as their lines, the others show the paper.
+  template <class TItem, class TStroke>
+  static void Dress(TItem& aItem, const TStroke& aStroke) {
     const auto fill = [&](TZORTermType aType) {
       return aType == ttFillArrow || aType == ttFillRhombus || aType == ttFillCircle ? aItem.fColor
                                                                                      : ColorWhite;
     };
+    aItem.fFromType = aStroke.fromTerm;
+    aItem.fToType = aStroke.toTerm;
     aItem.fFromColor = fill(aItem.fFromType);
     aItem.fToColor = fill(aItem.fToType);
+    aItem.fPenWidth = PenWidth;
+    if (aStroke.dotted) aItem.fLineType = Dotted;
   }
   void AddTextLine(const TSceneText& aText, const std::string& aLine, double aY) {
     if (aLine.empty()) return;
