@@ -36,7 +36,10 @@ TLayoutSize PageFor(const TKDXLabel& aDocument, const TLayoutSize& aDiagram, TDi
 void SetPage(TKDXLabel& aDocument, const TLayoutSize& aSize) {
   const auto width = static_cast<Single>(aSize.width), height = static_cast<Single>(aSize.height);
   TKDXMeasure& measure = *aDocument.fMeasure;
-  if (aDocument.fEditorMode == emLabelling) measure.SetLabelSizeMM(width, height);
+  // One label that is the whole paper, as pages are in the other modes.
+  measure.SetNuHor(1);
+  measure.SetNuVer(1);
+  measure.SetContinousPaper(true);
   measure.SetPaperSizeMM(width, height);
 }
 

@@ -23,6 +23,18 @@ TEST_F(DiagramProgram, WritesEveryFormAndExitsWith0) {
   EXPECT_EQ(ReadFile(File("again.svg")), ReadFile(File("drawing.svg")));
 }
 
+TEST_F(DiagramProgram, DrawsForEveryModeOnOnePage) {
+  for (const char* mode : {"labelling", "flowchart", "drawing", "interactive"}) {
+    const std::string output = "'" + File("drawing.json") + "'";
+    EXPECT_EQ(Kaldrix("diagram '" + Example("diagrams/er.mmd") + "' -o " + output + " --mode " + mode).status,
+              0);
+    const std::string info = Kaldrix("info " + output).text;
+    EXPECT_NE(info.find(std::string(": ") + mode + ","), std::string::npos) << info;
+    EXPECT_NE(info.find("1 rows x 1 columns"), std::string::npos) << info;
+    EXPECT_EQ(Kaldrix("check " + output).status, 0);
+  }
+}
+
 TEST_F(DiagramProgram, TellsDiagnosticsWithFileAndLine) {
   const std::string file = File("style.mmd"), output = File("style.svg");
   // The lines of both kinds of files count alike.
