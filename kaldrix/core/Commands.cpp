@@ -1,7 +1,9 @@
 #include "kaldrix/core/Commands.hpp"
 
+#include <algorithm>
 #include <array>
 
+#include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
 namespace Zor::inline Base {
@@ -116,6 +118,8 @@ TKDXCmd::TKDXCmd(int aKind, TKDXBaseItem& aReceiver, int aIndex)
       fID(aReceiver.fInID),
       fItem(&aReceiver),
       fGoneItems(aReceiver.Document().GoneItems()) {}
+
+void TKDXCmd::FetchState() const { Fetch(fItem, sizeof(TKDXBaseItem)); }
 
 TKDXBaseItem* TKDXCmd::Receiver() const {
   if (fGoneItems == fDocument->GoneItems() && fItem->fInID == fID) return fItem;
@@ -261,6 +265,11 @@ TKDXElePosCmd::TKDXElePosCmd(TKDXBaseItem& aItem, int aIndex, TZORPtoA aPoints)
 void TKDXElePosCmd::AddCommand(TKDXBaseItem& aItem, int aIndex) {
   if (!IsRecording(aItem) || CheckLastProp(Kind, aItem, aIndex)) return;
   Push(std::unique_ptr<TKDXCmd>(new TKDXElePosCmd(aItem, aIndex)));
+}
+
+void TKDXElePosCmd::FetchState() const {
+  TKDXCmd::FetchState();
+  Fetch(fPoints.data(), sizeof(TZORPto) * std::min<std::size_t>(fPoints.size(), 4));
 }
 
 void TKDXElePosCmd::RestoreState() {

@@ -21,6 +21,9 @@ class TKDXCmd {
   TKDXCmd& operator=(const TKDXCmd&) = delete;
 
   virtual void RestoreState() = 0;
+  /// Asks for the memory that RestoreState works on: of the item, if it still stands where it stood, and what
+  /// the command itself holds elsewhere. Looks at neither.
+  virtual void FetchState() const;
   virtual void Undo();
   virtual void Redo();
 
@@ -193,6 +196,7 @@ class TKDXElePosCmd final : public TKDXCmd {
   static constexpr int Kind = 9;
   static void AddCommand(TKDXBaseItem& aItem, int aIndex);
   void RestoreState() override;
+  void FetchState() const override;
 
  private:
   TKDXElePosCmd(TKDXBaseItem& aItem, int aIndex);

@@ -8,11 +8,11 @@ namespace Zor::inline Base {
 
 namespace {
 
-/// Asks for the commands that run soon, and for their items.
+/// Asks for the commands that run soon, and for what they work on.
 void FetchAhead(const TUndoStack& aStack) {
-  constexpr int near = 4, far = 8;
+  constexpr int near = 6, far = 14;
   if (const TKDXCmd* command = aStack.Below(far)) Fetch(command, sizeof(TKDXElePosCmd));
-  if (const TKDXCmd* command = aStack.Below(near)) Fetch(command->Receiver(), sizeof(TKDXBaseItem));
+  if (const TKDXCmd* command = aStack.Below(near)) command->FetchState();
 }
 
 }  // namespace
