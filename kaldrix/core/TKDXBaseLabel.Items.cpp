@@ -153,27 +153,44 @@ void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
 void TKDXBaseLabel::DeleteSelection() {
   std::vector<TKDXBaseItem*> doomed = fSelection;
   SweepItems(doomed.rbegin(), doomed.rend(), [](TKDXBaseItem* item) { TKDXDeleteCmd::AddCommand(*item); });
-  // Attached links go too, unrecorded; those that are selected themselves are in the list already.
-  const std::unordered_set<TKDXBaseItem*> selected(doomed.begin(), doomed.end());
-  for (TKDXBaseItem* link : fLinks) {
-    if (!selected.contains(link) && link->IsAttachedToSelection()) doomed.push_back(link);
-  }
+  if (!fLinks.empty()) AddAttachedLinks(doomed);
   ClearSelection(true);
   FreeMany(doomed);
+}
+
+void TKDXBaseLabel::AddAttachedLinks(std::vector<TKDXBaseItem*>& aDoomed) const {
+  // They go unrecorded; those that are selected themselves are in the list already.
+  const std::unordered_set<TKDXBaseItem*> selected(aDoomed.begin(), aDoomed.end());
+  for (TKDXBaseItem* link : fLinks) {
+    if (!selected.contains(link) && link->IsAttachedToSelection()) aDoomed.push_back(link);
+  }
+}
+
+bool TKDXBaseLabel::ExtractInOrder(const std::vector<TKDXBaseItem*>& aItems) {
+  auto next = aItems.begin();
+  fItems.ExtractIf([&](const TKDXBaseItem* item) {
+    if (next == aItems.end() || *next != item) return false;
+    ++next;
+    return true;
+  });
+  return next == aItems.end();
 }
 
 void TKDXBaseLabel::FreeMany(const std::vector<TKDXBaseItem*>& aItems) {
   if (aItems.empty()) return;
   ++fGoneItems;
   fLinksStale = true;
+  if (!ExtractInOrder(aItems) || !fCalcs.empty()) {
+    SweepItems(aItems.begin(), aItems.end(), [](TKDXBaseItem* item) { item->fListed = false; });
+    const auto gone = [](const TKDXBaseItem* item) { return item == nullptr || !item->fListed; };
+    fItems.ExtractIf(gone);
+    std::erase_if(fCalcs, gone);
+  }
   SweepItems(aItems.begin(), aItems.end(), [this](TKDXBaseItem* item) {
     item->fListed = false;
     fIndex.Remove(*item);
+    delete item;
   });
-  const auto gone = [](const TKDXBaseItem* item) { return item == nullptr || !item->fListed; };
-  fItems.ExtractIf(gone);
-  std::erase_if(fCalcs, gone);
-  SweepItems(aItems.begin(), aItems.end(), [](TKDXBaseItem* item) { delete item; });
   fModified = true;
 }
 

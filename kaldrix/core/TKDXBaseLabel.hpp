@@ -510,6 +510,11 @@ class TKDXBaseLabel : public TComponent {
   /// Linear, however many go.
   void FreeMany(const std::vector<TKDXBaseItem*>& aItems);
   TKDXBaseItem* FindName(std::string_view aID);
+  /// Adds the links of fLinks that end on selected items.
+  void AddAttachedLinks(std::vector<TKDXBaseItem*>& aDoomed) const;
+  /// Takes items out of the drawing that are told in its order, without a look at any. False when some were
+  /// told in another order, and are still there.
+  bool ExtractInOrder(const std::vector<TKDXBaseItem*>& aItems);
   void DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection);
   void RouteStaleLinks();
   void Defer(TKDXBaseItem& aItem);
