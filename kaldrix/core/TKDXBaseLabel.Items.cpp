@@ -151,19 +151,28 @@ void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
 }
 
 void TKDXBaseLabel::DeleteSelection() {
-  std::vector<TKDXBaseItem*> doomed = fSelection;
-  SweepItems(doomed.rbegin(), doomed.rend(), [](TKDXBaseItem* item) { TKDXDeleteCmd::AddCommand(*item); });
-  if (!fLinks.empty()) AddAttachedLinks(doomed);
-  ClearSelection(true);
-  FreeMany(doomed);
+  std::vector<TKDXBaseItem*> links = fLinks.empty() ? fLinks : AttachedLinks();
+  std::vector<TKDXBaseItem*> doomed;
+  doomed.swap(fSelection);
+  ClearSelection(false);
+  FreeMany(doomed, &TKDXBaseLabel::RecordDeletion);
+  FreeMany(links);
+  ChangeValue(chSelect);
 }
 
-void TKDXBaseLabel::AddAttachedLinks(std::vector<TKDXBaseItem*>& aDoomed) const {
-  // They go unrecorded; those that are selected themselves are in the list already.
-  const std::unordered_set<TKDXBaseItem*> selected(aDoomed.begin(), aDoomed.end());
+void TKDXBaseLabel::RecordDeletion(TKDXBaseItem& aItem) {
+  aItem.fState = isNormal;
+  if (fOnUnSelectItem) fOnUnSelectItem(this, &aItem);
+  TKDXDeleteCmd::AddCommand(aItem);
+}
+
+std::vector<TKDXBaseItem*> TKDXBaseLabel::AttachedLinks() const {
+  const std::unordered_set<TKDXBaseItem*> selected(fSelection.begin(), fSelection.end());
+  std::vector<TKDXBaseItem*> attached;
   for (TKDXBaseItem* link : fLinks) {
-    if (!selected.contains(link) && link->IsAttachedToSelection()) aDoomed.push_back(link);
+    if (!selected.contains(link) && link->IsAttachedToSelection()) attached.push_back(link);
   }
+  return attached;
 }
 
 bool TKDXBaseLabel::ExtractInOrder(const std::vector<TKDXBaseItem*>& aItems) {
@@ -176,27 +185,55 @@ bool TKDXBaseLabel::ExtractInOrder(const std::vector<TKDXBaseItem*>& aItems) {
   return next == aItems.end();
 }
 
-void TKDXBaseLabel::FreeMany(const std::vector<TKDXBaseItem*>& aItems) {
+void TKDXBaseLabel::FreeMany(std::vector<TKDXBaseItem*>& aItems,
+                             void (TKDXBaseLabel::*aBefore)(TKDXBaseItem&)) {
   if (aItems.empty()) return;
-  ++fGoneItems;
   fLinksStale = true;
-  if (!ExtractInOrder(aItems) || !fCalcs.empty()) {
-    SweepItems(aItems.begin(), aItems.end(), [](TKDXBaseItem* item) { item->fListed = false; });
-    const auto gone = [](const TKDXBaseItem* item) { return item == nullptr || !item->fListed; };
-    fItems.ExtractIf(gone);
-    std::erase_if(fCalcs, gone);
+  ExtractMany(aItems);
+  // One after the other, so that what is kept of an item takes the memory that the former one had.
+  std::size_t left = aItems.size();
+  try {
+    SweepItems(aItems.rbegin(), aItems.rend(), [&](TKDXBaseItem* item) {
+      if (aBefore != nullptr) (this->*aBefore)(*item);
+      --left;
+      item->fListed = false;
+      fIndex.Remove(*item);
+      delete item;
+    });
+  } catch (...) {
+    // Nothing is lost: those that are left come back, as the topmost.
+    ++fGoneItems;
+    aItems.resize(left);
+    for (TKDXBaseItem* item : aItems) TakeBack(*item);
+    throw;
   }
-  SweepItems(aItems.begin(), aItems.end(), [this](TKDXBaseItem* item) {
-    item->fListed = false;
-    fIndex.Remove(*item);
-    delete item;
-  });
+  ++fGoneItems;
   fModified = true;
 }
 
+void TKDXBaseLabel::TakeBack(TKDXBaseItem& aItem) {
+  aItem.fListed = true;
+  fItems.Adopt(&aItem);
+  if (aItem.fPending) fCalcs.push_back(&aItem);
+}
+
+void TKDXBaseLabel::ExtractMany(std::vector<TKDXBaseItem*>& aItems) {
+  if (ExtractInOrder(aItems) && fCalcs.empty()) return;
+  // An item that is told twice goes once.
+  std::erase_if(aItems, [](TKDXBaseItem* item) {
+    const bool again = !item->fListed;
+    item->fListed = false;
+    return again;
+  });
+  const auto gone = [](const TKDXBaseItem* item) { return item == nullptr || !item->fListed; };
+  fItems.ExtractIf(gone);
+  std::erase_if(fCalcs, gone);
+}
+
 void TKDXBaseLabel::CleanLibray() {
+  if (fSymbols.Count() < 2) return;
   for (TKDXBaseLibSymbol* symbol : fSymbols) symbol->fUsed = false;
-  for (const TKDXBaseItem* item : fItems) item->MarkSymbolInUse();
+  SweepItems(fItems.begin(), fItems.end(), [](const TKDXBaseItem* item) { item->MarkSymbolInUse(); });
   std::vector<TKDXBaseLibSymbol*> unused;
   for (int i = 1; i < fSymbols.Count(); ++i) {
     if (!fSymbols[i]->fUsed) unused.push_back(fSymbols[i]);

@@ -507,11 +507,15 @@ class TKDXBaseLabel : public TComponent {
   TKDXBaseItem& MakeStoredItem(int aOrdinal);
   void ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID);
   void FreeAll(TOwnedList<TKDXBaseItem>& aList);
-  /// Linear, however many go.
-  void FreeMany(const std::vector<TKDXBaseItem*>& aItems);
+  /// Calls `aBefore` with each item and frees it, last to first; those that are told twice once. Linear.
+  void FreeMany(std::vector<TKDXBaseItem*>& aItems, void (TKDXBaseLabel::*aBefore)(TKDXBaseItem&) = nullptr);
+  void RecordDeletion(TKDXBaseItem& aItem);
+  /// Takes items out of the drawing, and leaves each in the list once.
+  void ExtractMany(std::vector<TKDXBaseItem*>& aItems);
+  void TakeBack(TKDXBaseItem& aItem);
   TKDXBaseItem* FindName(std::string_view aID);
-  /// Adds the links of fLinks that end on selected items.
-  void AddAttachedLinks(std::vector<TKDXBaseItem*>& aDoomed) const;
+  /// The links of fLinks that end on selected items and are not selected themselves.
+  std::vector<TKDXBaseItem*> AttachedLinks() const;
   /// Takes items out of the drawing that are told in its order, without a look at any. False when some were
   /// told in another order, and are still there.
   bool ExtractInOrder(const std::vector<TKDXBaseItem*>& aItems);

@@ -1,5 +1,6 @@
 #include "kaldrix/editor/TKDXFileLabel.hpp"
 
+#include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/ReserveAlike.hpp"
 #include "kaldrix/core/TContentKeeper.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
@@ -176,10 +177,11 @@ void TKDXFileLabel::WritePayload(std::string& aBytes) {
   for (const TKDXBaseLibSymbol* symbol : fSymbols) symbol->WriteData(writer);
   writer.WriteInt32(fItems.Count());
   const std::size_t head = aBytes.size();
-  for (int i = 0; i < fItems.Count(); ++i) {
-    ReserveAlike(aBytes, head, i, fItems.Count());
-    fItems[i]->WriteData(writer);
-  }
+  int written = 0;
+  SweepItems(fItems.begin(), fItems.end(), [&](const TKDXBaseItem* item) {
+    ReserveAlike(aBytes, head, written++, fItems.Count());
+    item->WriteData(writer);
+  });
   writer.WriteInt32(fPrintInfo->fLabs);
 }
 

@@ -145,6 +145,43 @@ TEST(DocumentTest, DeletingTheSelectionIsOneStepForManyItems) {
   EXPECT_NE(document.SearchItem(3, false), nullptr);
 }
 
+TEST(DocumentTest, DeletedItemsAreToldOneAfterTheOther) {
+  TBareLabel document;
+  TRecordingObserver editor{duEditor};
+  document.Attach(&editor);
+  for (int i = 0; i < 4; ++i) document.NewLine(i, 0, i, 10);
+  for (const int index : {3, 1, 3}) document.AddToSelection(*document.GetItem(index), false);
+  std::vector<int> gone;
+  document.fOnUnSelectItem = [&](TKDXBaseLabel*, TKDXBaseItem* item) {
+    EXPECT_EQ(item->fState, isNormal);
+    gone.push_back(item->fInID);
+  };
+  editor.fChanges.clear();
+  document.DeleteSelection();
+  EXPECT_EQ(gone, (std::vector{1, 3}));
+  EXPECT_EQ(document.GetItemsCount(), 2);
+  EXPECT_EQ(editor.fChanges, std::vector<TZOChange>{chSelect});
+}
+
+TEST(DocumentTest, AHandlerThatRaisesLosesNoItem) {
+  for (const bool inOrder : {true, false}) {
+    TBareLabel document;
+    for (int i = 0; i < 4; ++i) document.NewLine(i, 0, i, 10);
+    for (const int index : {1, 2, 3}) document.AddToSelection(*document.GetItem(inOrder ? index : 4 - index), false);
+    int calls = 0;
+    document.fOnUnSelectItem = [&](TKDXBaseLabel*, TKDXBaseItem*) {
+      if (++calls == 2) throw Exception("no");
+    };
+    EXPECT_THROW(document.DeleteSelection(), Exception);
+    EXPECT_EQ(document.GetItemsCount(), 3);
+    EXPECT_NE(document.SearchItem(2, false), nullptr);
+    EXPECT_EQ(document.SearchItem(inOrder ? 3 : 1, false), nullptr);
+    document.fOnUnSelectItem = nullptr;
+    document.DeleteItem(document.SearchItem(2, false), true);
+    EXPECT_EQ(document.GetItemsCount(), 2);
+  }
+}
+
 TEST(DocumentTest, TheWholeDocumentTurns) {
   TBareLabel document;
   document.fMeasure->SetHeight(60);
