@@ -11,7 +11,7 @@
 #include "kaldrix/platform/TRecord.hpp"
 #include "kaldrix/types/Interfaces.hpp"
 #include "kaldrix/types/ItemFacts.hpp"
-#include "kaldrix/types/TZORPto.hpp"
+#include "kaldrix/types/TZORPtoA.hpp"
 #include "kaldrix/types/TZORRect.hpp"
 
 namespace Zor::inline Base {

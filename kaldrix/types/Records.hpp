@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "kaldrix/types/TKDXBaseDraw.hpp"
-#include "kaldrix/types/TZORPto.hpp"
+#include "kaldrix/types/TZORPtoA.hpp"
 
 namespace Zor::inline Types {
 

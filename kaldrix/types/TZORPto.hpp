@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "kaldrix/types/TKDXBaseDraw.hpp"
 #include "kaldrix/types/Units.hpp"
 
@@ -63,8 +61,5 @@ struct TZORPto {
     return Round(static_cast<double>(MulHeld(aBase, aDpi)) / (static_cast<double>(aScale) * BaseInInch));
   }
 };
-
-/// The points of an item.
-using TZORPtoA = std::vector<TZORPto>;
 
 }  // namespace Zor::inline Types

@@ -12,5 +12,6 @@
 #include "kaldrix/types/TSet.hpp"
 #include "kaldrix/types/TZORBPoint.hpp"
 #include "kaldrix/types/TZORPto.hpp"
+#include "kaldrix/types/TZORPtoA.hpp"
 #include "kaldrix/types/TZORRect.hpp"
 #include "kaldrix/types/Units.hpp"
