@@ -167,7 +167,8 @@ TEST(DocumentTest, AHandlerThatRaisesLosesNoItem) {
   for (const bool inOrder : {true, false}) {
     TBareLabel document;
     for (int i = 0; i < 4; ++i) document.NewLine(i, 0, i, 10);
-    for (const int index : {1, 2, 3}) document.AddToSelection(*document.GetItem(inOrder ? index : 4 - index), false);
+    for (const int index : {1, 2, 3})
+      document.AddToSelection(*document.GetItem(inOrder ? index : 4 - index), false);
     int calls = 0;
     document.fOnUnSelectItem = [&](TKDXBaseLabel*, TKDXBaseItem*) {
       if (++calls == 2) throw Exception("no");
