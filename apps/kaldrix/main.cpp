@@ -1,5 +1,6 @@
 // The program `kaldrix`: exit status 0 done, 1 the input or the work failed, 2 wrong use.
 #include <CLI/CLI.hpp>
+#include <exception>
 #include <iostream>
 #include <memory>
 #include <new>
@@ -12,7 +13,6 @@
 #include "apps/kaldrix/InfoCommand.hpp"
 #include "apps/kaldrix/MessagesCommand.hpp"
 #include "apps/kaldrix/PrintCommand.hpp"
-#include "kaldrix/platform/Exceptions.hpp"
 
 namespace {
 
@@ -56,10 +56,10 @@ int main(int argc, char** argv) {
     return RunChosen(commands);
   } catch (const CLI::ParseError& error) {
     return program.exit(error) == 0 ? 0 : WrongUse;
-  } catch (const Zor::Exception& error) {
-    std::cerr << "kaldrix: " << error.what() << '\n';
   } catch (const std::bad_alloc&) {
     std::cerr << "kaldrix: out of memory\n";
+  } catch (const std::exception& error) {
+    std::cerr << "kaldrix: " << error.what() << '\n';
   }
   return Failed;
 }

@@ -109,7 +109,7 @@ void AppendData(TMode aMode, std::string_view aData, TBitArray& aBits) {
 
 /// The characters that go into the symbol: in byte mode the bytes themselves.
 std::string Data(std::string_view aContent, TMode aMode, TQRCodeEncoding aEncoding) {
-  const std::string kept = TEncoder::FilterContent(aContent, aMode, aEncoding);
+  std::string kept = TEncoder::FilterContent(aContent, aMode, aEncoding);
   if (aMode != qmByte || aEncoding == UTF8BOM) return kept;
   if (aEncoding == ISO88591) return Latin1Bytes(kept);
   // Intended: the encoding without the mark in its name is the one that writes the mark.

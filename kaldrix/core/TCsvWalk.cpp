@@ -58,7 +58,7 @@ std::vector<std::string> TCsvWalk::RecordProblems() const {
 std::vector<std::string> TCsvWalk::HeaderProblems() {
   if (fHeader == 0 || fFile->LineCount() == 0) return {};
   fFile->GoTo(1);
-  const std::vector<std::string> problems = Told(fFile->HeaderProblems());
+  std::vector<std::string> problems = Told(fFile->HeaderProblems());
   fFile->GoTo(Position());
   return problems;
 }
