@@ -72,8 +72,8 @@ endif()
 function(kaldrix_test name)
   cmake_parse_arguments(arg "" "" "NEEDS;LIBS;SOURCES" ${ARGN})
   add_executable(${name}_tests ${arg_SOURCES})
-  target_link_libraries(${name}_tests PRIVATE kaldrix_flags kaldrix_warnings kaldrix_quiet
-    GTest::gtest GTest::gtest_main ${arg_LIBS})
+  target_link_libraries(${name}_tests PRIVATE kaldrix_flags kaldrix_warnings kaldrix_quiet kaldrix_test_main
+    ${arg_LIBS})
   target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name}_tests PRIVATE KALDRIX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   target_precompile_headers(${name}_tests PRIVATE <gtest/gtest.h> <string> <vector> <memory>)
