@@ -21,6 +21,14 @@ constexpr double TitleGap = 7;
 // By ordinal of TZORDiagEdgeArrow.
 constexpr std::array<TZORTermType, 6> Terms{ttFillArrow, ttNone, ttCross, ttCircle, ttRhombus, ttFillRhombus};
 
+/// Lines of other dashes, heads or directions look different at an end. Those without heads have no
+/// direction.
+std::uint8_t LookAt(const TSceneLink& aLink, bool aFrom) {
+  const TZORTermType own = aFrom ? aLink.fromTerm : aLink.toTerm;
+  const bool directed = aLink.fromTerm != aLink.toTerm;
+  return static_cast<std::uint8_t>(own | (aLink.dotted ? 1 << 4 : 0) | (directed ? (aFrom ? 1 : 2) << 5 : 0));
+}
+
 TZORTermType TermOf(TZORDiagEdgeArrow aArrow) { return Terms[static_cast<std::size_t>(aArrow)]; }
 
 /// Nodes and edges with their sizes, and then with the places that a layout gave them.
@@ -63,8 +71,9 @@ class TGraphScene {
     const int from = fModel.NodeIndexOf(aEdge.FromID), to = fModel.NodeIndexOf(aEdge.ToID);
     if (from < 0 || to < 0) return;
     fLabels.push_back(MeasureBlock(fFonts, aEdge.Text, SceneFontOf(LabelFontHeight), MostLabelWidth));
-    fGraph.edges.push_back({from, to, fLabels.back().size});
-    fScene.links.push_back({from, to, {}, TermOf(aEdge.FromArrow), TermOf(aEdge.Arrow), aEdge.Dotted});
+    const TSceneLink& link = fScene.links.emplace_back(
+        TSceneLink{from, to, {}, TermOf(aEdge.FromArrow), TermOf(aEdge.Arrow), aEdge.Dotted});
+    fGraph.edges.push_back({from, to, fLabels.back().size, LookAt(link, true), LookAt(link, false)});
   }
   void PlaceLabel(const TTextBlock& aBlock, const TLayoutPoint& aPlace) {
     if (aBlock.lines.empty()) return;

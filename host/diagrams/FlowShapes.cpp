@@ -10,33 +10,71 @@ namespace Zor::inline Host {
 
 namespace {
 
-using TPositions = std::array<std::uint16_t, 3>;  // 0: none
+/// A place for the ends of links, and its prices; position 0: none.
+struct TOffer {
+  std::uint8_t position = 0;
+  double leaving = 0, entering = 0, sharing = TLayoutPort{}.sharing;
+};
+using TOffers = std::array<TOffer, 5>;
+
+/// Taken where lines would share another place.
+constexpr TOffer Spare(std::uint8_t aPosition) { return {aPosition, 0.6, 0.6}; }
+/// Taken where lines of different looks would share another place.
+constexpr TOffer Corner(std::uint8_t aPosition) { return {aPosition, 5, 5}; }
 
 /// What an outline leaves to its text and to its links.
 struct TFlowShape {
   double lostWidth, lostHeight;  ///< shares of the box that lie outside the outline
-  TPositions top, right, bottom, left;
+  TOffers top, right, bottom, left;
 };
 
-constexpr TPositions Top{2, 3, 4}, Right{6, 7, 8}, Bottom{12, 11, 10}, Left{16, 15, 14};
-constexpr TPositions RightMiddle{7}, BottomMiddle{11}, LeftMiddle{15};
+constexpr TOffers Top{{{2}, {3}, {4}}}, Right{{{6}, {7}, {8}}}, Bottom{{{12}, {11}, {10}}},
+    Left{{{16}, {15}, {14}}};
+constexpr TOffers RightMiddle{{{7}}}, BottomMiddle{{{11}}}, LeftMiddle{{{15}}};
+// Of a box: its corners too.
+constexpr TOffers BoxTop{{Corner(1), {2}, {3}, {4}, Corner(5)}},
+    BoxRight{{Corner(5), {6}, {7}, {8}, Corner(9)}}, BoxBottom{{Corner(13), {12}, {11}, {10}, Corner(9)}},
+    BoxLeft{{Corner(1), {16}, {15}, {14}, Corner(13)}};
+// A decision is entered at the tip before it, where lines gladly meet, and left at the one behind it or at
+// the two beside it. The other places are those in the middle of its edges.
+constexpr TOffer Before(std::uint8_t aPosition) { return {aPosition, 0.5, 0, 0.1}; }
+constexpr TOffer Behind(std::uint8_t aPosition) { return {aPosition, 0.05, 0.05}; }
+constexpr TOffer Beside(std::uint8_t aPosition) { return {aPosition, 0, 0.9}; }
+constexpr TOffer OnEdge(std::uint8_t aPosition) { return {aPosition, 0.6, 0.4}; }
+constexpr TOffers DecisionTop{{Beside(15), OnEdge(1), Before(3), OnEdge(5), Beside(7)}},
+    DecisionBottom{{Beside(15), OnEdge(13), Behind(11), OnEdge(9), Beside(7)}},
+    DecisionLeft{{Beside(3), OnEdge(1), Before(15), OnEdge(13), Beside(11)}},
+    DecisionRight{{Beside(3), OnEdge(5), Behind(7), OnEdge(9), Beside(11)}};
+// The corners of these lie an eighth inside the box.
+constexpr TOffers StartTop{{Spare(2), {3}, Spare(4)}}, StartBottom{{Spare(12), {11}, Spare(10)}};
+constexpr TOffers StepTop{{Corner(1), {3}, Spare(4)}}, StepBottom{{Corner(13), {11}, Spare(10)}};
 
 constexpr std::array<TFlowShape, EnumCount<TZORFlowType>> Shapes{{
-    {0.12, 0, Top, RightMiddle, Bottom, LeftMiddle},                           // ftTerminator
-    {0, 0, Top, Right, Bottom, Left},                                          // ftProcess
-    {0, 0.20, Top, Right, BottomMiddle, Left},                                 // ftDocument
-    {0.14, 0.32, TPositions{3, 4}, Right, BottomMiddle, Left},                 // ftMultiDocument
-    {0.42, 0.58, {1, 3, 5}, {5, 7, 9}, {13, 11, 9}, {1, 15, 13}},              // ftDecision
-    {0.25, 0, TPositions{2, 3}, RightMiddle, TPositions{11, 10}, LeftMiddle},  // ftData
-    {0, 0.12, Top, Right, Bottom, Left},                                       // ftDatabase
-    {0.14, 0, Top, Right, Bottom, Left},                                       // ftPredefined
-    {0, 0.25, Top, Right, Bottom, Left},                                       // ftManualInput
-    {0.25, 0, Top, RightMiddle, Bottom, LeftMiddle},                           // ftManualOperation
-    {0.30, 0, Top, RightMiddle, Bottom, LeftMiddle},                           // ftPreparation
-    {0.27, 0.32, {2, 3, 4}, {4, 7, 10}, {12, 11, 10}, {2, 15, 12}},            // ftEllipse
-    {0.25, 0, Top, RightMiddle, Bottom, LeftMiddle},                           // ftStart
-    {0.25, 0, TPositions{3, 4}, RightMiddle, TPositions{11, 10}, LeftMiddle},  // ftStep
-    {0.25, 0, TPositions{3, 4}, RightMiddle, TPositions{11, 10}, LeftMiddle},  // ftEnd
+    {0.12, 0, Top, RightMiddle, Bottom, LeftMiddle},                         // ftTerminator
+    {0, 0, BoxTop, BoxRight, BoxBottom, BoxLeft},                            // ftProcess
+    {0, 0.20, BoxTop, Right, {{Corner(13), {11}, Corner(9)}}, Left},         // ftDocument
+    {0.14, 0.32, {{{3}, {4}}}, Right, {{Corner(13), {11}}}, Left},           // ftMultiDocument
+    {0.42, 0.58, DecisionTop, DecisionRight, DecisionBottom, DecisionLeft},  // ftDecision
+    {0.25,
+     0,
+     {{Spare(2), {3}, Corner(5)}},
+     RightMiddle,
+     {{Corner(13), {11}, Spare(10)}},
+     LeftMiddle},                                        // ftData
+    {0, 0.12, Top, Right, Bottom, Left},                 // ftDatabase
+    {0.14, 0, BoxTop, BoxRight, BoxBottom, BoxLeft},     // ftPredefined
+    {0, 0.25, Top, Right, BoxBottom, Left},              // ftManualInput
+    {0.25, 0, BoxTop, RightMiddle, Bottom, LeftMiddle},  // ftManualOperation
+    {0.30, 0, Top, RightMiddle, Bottom, LeftMiddle},     // ftPreparation
+    {0.27,
+     0.32,
+     {{{2}, {3}, {4}}},
+     {{{4}, {7}, {10}}},
+     {{{12}, {11}, {10}}},
+     {{{2}, {15}, {12}}}},                                      // ftEllipse
+    {0.25, 0, StartTop, RightMiddle, StartBottom, LeftMiddle},  // ftStart
+    {0.25, 0, StepTop, RightMiddle, StepBottom, LeftMiddle},    // ftStep
+    {0.25, 0, StepTop, RightMiddle, StepBottom, LeftMiddle},    // ftEnd
 }};
 
 // Millimetres.
@@ -45,13 +83,17 @@ constexpr TLayoutSize Least{18, 9}, LeastEmpty{12, 7};
 
 Int64 Base(double aMM) { return RoundLength(aMM * BaseInMM); }
 
-std::vector<TLayoutPort> PortsAt(TZORFlowType aShape, const TLayoutSize& aBox, const TPositions& aPositions) {
+std::vector<TLayoutPort> PortsAt(TZORFlowType aShape, const TLayoutSize& aBox, const TOffers& aOffers) {
   const TZORRect bounds{0, 0, Base(aBox.width), Base(aBox.height)};
   std::vector<TLayoutPort> ports;
-  for (const std::uint16_t position : aPositions) {
+  for (const TOffer& offer : aOffers) {
     TZORBase at;
-    if (position == 0 || !FlowPosition(aShape, bounds, position, at)) continue;
-    ports.push_back({position, {static_cast<double>(at.X) / BaseInMM, static_cast<double>(at.Y) / BaseInMM}});
+    if (offer.position == 0 || !FlowPosition(aShape, bounds, offer.position, at)) continue;
+    ports.push_back({offer.position,
+                     {static_cast<double>(at.X) / BaseInMM, static_cast<double>(at.Y) / BaseInMM},
+                     offer.leaving,
+                     offer.entering,
+                     offer.sharing});
   }
   return ports;
 }

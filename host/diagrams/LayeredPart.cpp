@@ -5,6 +5,7 @@
 
 #include "host/diagrams/LayerOrder.hpp"
 #include "host/diagrams/LayerPlaces.hpp"
+#include "host/diagrams/LayerPorts.hpp"
 
 namespace Zor::inline Host {
 
@@ -49,7 +50,7 @@ TLayeredPart::TLayeredPart(const TLayoutGraph& aGraph, const std::vector<int>& a
       fCells(aGraph, aNodes, WithoutLoops(aGraph, aEdges), aGraph.leftRight) {
   AddLoops();
   OrderLayers(fCells);
-  DealPorts();
+  DealLayerPorts(fGraph, fCells);
   PlaceCells(fCells, fGaps);
   DealGaps();
   StackLayers();
@@ -77,47 +78,6 @@ void TLayeredPart::AddLoops() {
     cell.right += LoopReach + (edge.label.width > 0 ? edge.label.width + 2 * LabelGap : 0);
     cell.height = std::max(cell.height, 2 * std::max(halfHeight + up, label));
     up = std::max(up + LoopStep, label + LabelGap - halfHeight);
-  }
-}
-
-void TLayeredPart::DealPorts() {
-  for (std::size_t i = 0; i < fCells.cells.size(); ++i) {
-    if (fCells.cells[i].node < 0) continue;
-    DealSide(static_cast<int>(i), true);
-    DealSide(static_cast<int>(i), false);
-  }
-  for (TChain& chain : fCells.chains) {
-    const auto port = [&](int aCell, double aOffset, TLayoutSide aSide) {
-      const TLayoutNode& node = fGraph.nodes[At(fCells.Cell(aCell).node)];
-      const auto& ports = node.ports[aSide];
-      return *std::min_element(ports.begin(), ports.end(), [&](const TLayoutPort& a, const TLayoutPort& b) {
-        const double x = aOffset + node.size.width / 2;
-        return std::abs(a.at.x - x) < std::abs(b.at.x - x);
-      });
-    };
-    const TStrand &first = fCells.Strand(chain.first), &last = fCells.Strand(chain.first + chain.count - 1);
-    chain.top = port(first.up, first.upPort, lsdBottom);
-    chain.bottom = port(last.down, last.downPort, lsdTop);
-  }
-}
-
-/// Spreads the strands of a side over its ports, in the order in which they arrive.
-void TLayeredPart::DealSide(int aCell, bool aTop) {
-  std::vector<int>& strands = (aTop ? fCells.above : fCells.below)[At(aCell)];
-  const auto place = [&](int aStrand) {
-    const TStrand& strand = fCells.Strand(aStrand);
-    return fCells.Cell(aTop ? strand.up : strand.down).place;
-  };
-  std::stable_sort(strands.begin(), strands.end(), [&](int a, int b) { return place(a) < place(b); });
-  const TLayoutNode& node = fGraph.nodes[At(fCells.Cell(aCell).node)];
-  const std::vector<TLayoutPort>& ports = node.ports[aTop ? lsdTop : lsdBottom];
-  const double each =
-      static_cast<double>(ports.size()) / static_cast<double>(std::max<std::size_t>(strands.size(), 1));
-  for (std::size_t i = 0; i < strands.size(); ++i) {
-    const auto port = static_cast<std::size_t>((static_cast<double>(i) + 0.5) * each);
-    TStrand& strand = fCells.Strand(strands[i]);
-    (aTop ? strand.downPort : strand.upPort) =
-        ports[std::min(port, ports.size() - 1)].at.x - node.size.width / 2;
   }
 }
 
@@ -234,7 +194,7 @@ TLayoutPoint TLayeredPart::LabelPlace(const TChain& aChain) const {
 TLayoutRoute TLayeredPart::LoopRoute(const TLoop& aLoop) const {
   const TLayoutEdge& edge = fGraph.edges[At(aLoop.edge)];
   const TLayoutNode& node = fGraph.nodes[At(edge.from)];
-  const TLayoutPort &out = node.ports[lsdTop].back(), &in = MiddlePort(node, lsdRight);
+  const auto [out, in] = LoopPortsOf(node);
   const TLayoutPoint place = NodePlace(aLoop.cell);
   const double top = place.y - aLoop.up, right = place.x + node.size.width + aLoop.right;
   const double x = place.x + out.at.x, y = place.y + in.at.y;

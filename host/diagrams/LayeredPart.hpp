@@ -31,8 +31,6 @@ class TLayeredPart {
   };
 
   void AddLoops();
-  void DealPorts();
-  void DealSide(int aCell, bool aTop);
   void DealGaps();
   void StackLayers();
   TLayoutPoint NodePlace(int aCell) const;

@@ -25,6 +25,11 @@ bool IsDark(TAlphaColor aColor) {
   return part(24) >= DarkBelow && (299 * part(16) + 587 * part(8) + 114 * part(0)) / 1000 < DarkBelow;
 }
 
+/// The terminator of the same outline whose surface can hide what lies behind it.
+TZORTermType Hiding(TZORTermType aType) {
+  return aType == ttCircle ? ttFillCircle : aType == ttRhombus ? ttFillRhombus : aType;
+}
+
 /// Makes the items of one scene.
 class TSceneItems {
  public:
@@ -79,17 +84,18 @@ class TSceneItems {
     return *fDocument.NewPolyLink(aFromID, aToID, aRoute.fromPosition, aRoute.toPosition, ltPolyline,
                                   Points(aRoute.points), static_cast<int>(aRoute.points.size()) - 1);
   }
-  /// Pen and terminators. Filled terminators are as dark as their lines, the others show the paper.
+  /// Pen and terminators. Filled ones are as dark as their lines; the others are filled with the colour of
+  /// the paper, so that their line ends at their outline.
   template <class TItem, class TStroke>
   static void Dress(TItem& aItem, const TStroke& aStroke) {
     const auto fill = [&](TZORTermType aType) {
       return aType == ttFillArrow || aType == ttFillRhombus || aType == ttFillCircle ? aItem.fColor
                                                                                      : ColorWhite;
     };
-    aItem.fFromType = aStroke.fromTerm;
-    aItem.fToType = aStroke.toTerm;
-    aItem.fFromColor = fill(aItem.fFromType);
-    aItem.fToColor = fill(aItem.fToType);
+    aItem.fFromType = Hiding(aStroke.fromTerm);
+    aItem.fToType = Hiding(aStroke.toTerm);
+    aItem.fFromColor = fill(aStroke.fromTerm);
+    aItem.fToColor = fill(aStroke.toTerm);
     aItem.fPenWidth = PenWidth;
     if (aStroke.dotted) aItem.fLineType = Dotted;
   }

@@ -26,6 +26,9 @@ enum TLayoutSide : std::uint8_t { lsdTop, lsdRight, lsdBottom, lsdLeft };
 struct TLayoutPort {
   std::uint16_t position = 0;  ///< the number that a link stores
   TLayoutPoint at;             ///< from the top left corner of the node
+  // What lines pay, in widths of the side: those that begin here, those that end here, and each that shares
+  // the place with another one of its look.
+  double leaving = 0, entering = 0, sharing = 3;
 };
 
 struct TLayoutNode {
@@ -39,6 +42,8 @@ struct TLayoutNode {
 struct TLayoutEdge {
   int from = 0, to = 0;  ///< indexes of nodes; the same one for an edge to itself
   TLayoutSize label;     ///< 0, 0: none
+  /// Edges that look alike at an end may share their port there.
+  std::uint8_t fromLook = 0, toLook = 0;
 };
 
 struct TLayoutGraph {
