@@ -1,6 +1,8 @@
 #include "kaldrix/core/JsonFields.hpp"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -16,6 +18,14 @@ namespace {
 }
 
 }  // namespace
+
+void PutSingle(TJsonObject& aJson, std::string_view aKey, Single aValue) {
+  std::array<char, 32> text{};
+  const char* end = std::to_chars(text.data(), text.data() + text.size(), aValue).ptr;
+  double value = 0;
+  std::from_chars(text.data(), end, value);
+  aJson.PutFloat(aKey, value);
+}
 
 TAlphaColor GetColor(TJsonObject& aJson, std::string_view aKey) {
   const TJsonObject* color = aJson.FindObject(aKey);

@@ -15,6 +15,8 @@ namespace Zor::inline Base {
 inline void PutLength(TJsonObject& aJson, std::string_view aKey, double aValue) {
   aJson.PutFloat(aKey, RoundTo3(aValue));
 }
+/// A value that loses nothing: the shortest decimal that reads back as the same Single.
+void PutSingle(TJsonObject& aJson, std::string_view aKey, Single aValue);
 /// A size or factor, rounded to two decimals.
 inline void PutHundredths(TJsonObject& aJson, std::string_view aKey, double aValue) {
   aJson.PutFloat(aKey, std::nearbyint(aValue * 100) / 100);

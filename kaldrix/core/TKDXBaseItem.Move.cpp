@@ -4,6 +4,7 @@
 #include <array>
 
 #include "kaldrix/core/Commands.hpp"
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/utils/Values.hpp"
@@ -137,6 +138,8 @@ void TKDXBaseItem::MoveAll(Int64 ax, Int64 ay, Int64 grX, Int64 grY) {
 
 void TKDXBaseItem::Move(Single ax, Single ay, TZORMoveOpt aMoveOp) {
   const TZORUnits unit = fOwner->fUnits;
+  Finite(ax);
+  Finite(ay);
   const auto moveSecond = [this, unit](Single dx, Single dy) {
     if (fPoints.size() < 2) return;
     fPoints[1].Move(dx, dy, unit);

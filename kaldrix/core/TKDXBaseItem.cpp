@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "kaldrix/core/Commands.hpp"
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
@@ -74,9 +75,7 @@ void TKDXBaseItem::SetColor(TAlphaColor aValue) {
 
 Single TKDXBaseItem::GetPenWidth() const { return GetBaseValue(fPenWidth); }
 
-void TKDXBaseItem::SetPenWidth(Single aMM) {
-  Change<TKDXBaseValueCmd>(fPenWidth, static_cast<int>(SetBaseValue(aMM)), 0);
-}
+void TKDXBaseItem::SetPenWidth(Single aMM) { Change<TKDXBaseValueCmd>(fPenWidth, HeldBase(aMM), 0); }
 
 void TKDXBaseItem::SetAngle(TZORAngle aValue) {
   Change<TKDXEnumValueCmd>(fAngle, aValue, 20, &TKDXBaseItem::StateUpdate);
@@ -101,17 +100,19 @@ Single TKDXBaseItem::GetPointMMY(int aIndex) const { return FromBase(GetPoint(aI
 
 void TKDXBaseItem::SetPointX(int aIndex, Single aValue) {
   if (!HasPoint(aIndex) || GetPointX(aIndex) == aValue) return;
+  const Int64 place = HeldPlace(aValue, fOwner->fUnits);
   fOwner->AddState(lsUpdate);
   TKDXPosCmd::AddCommand(*this, aIndex, ptX);
-  fPoints[static_cast<std::size_t>(aIndex - 1)].SetX(aValue, fOwner->fUnits);
+  fPoints[static_cast<std::size_t>(aIndex - 1)].bX = place;
   UpdateAfterPoint();
 }
 
 void TKDXBaseItem::SetPointY(int aIndex, Single aValue) {
   if (!HasPoint(aIndex) || GetPointY(aIndex) == aValue) return;
+  const Int64 place = HeldPlace(aValue, fOwner->fUnits);
   fOwner->AddState(lsUpdate);
   TKDXPosCmd::AddCommand(*this, aIndex, ptY);
-  fPoints[static_cast<std::size_t>(aIndex - 1)].SetY(aValue, fOwner->fUnits);
+  fPoints[static_cast<std::size_t>(aIndex - 1)].bY = place;
   UpdateAfterPoint();
 }
 
@@ -237,6 +238,9 @@ void TKDXBaseItem::NormalizePoints() {
     case itText:
     case itPolyText:
     case itDim:
+    case itPolyLine:
+    case itPolygon:
+    case itBezier:
       return;  // The order of their points has a meaning.
     default:
       CheckPosition();

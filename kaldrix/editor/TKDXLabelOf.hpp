@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBasePoint.hpp"
 #include "kaldrix/editor/TKDXFileLabel.hpp"
 #include "kaldrix/items/TKDXBaseArc.hpp"
@@ -19,6 +20,7 @@
 #include "kaldrix/items/ZOR.Barcode.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/utils/TDraw2D.hpp"
+#include "kaldrix/utils/WideMath.hpp"
 
 namespace Zor::inline Base {
 
@@ -49,6 +51,7 @@ class TKDXLabelOf : public TKDXFileLabel {
     return Make<TKDXBasePolygon>(Taken(pts, high));
   }
   TItem<TKDXBaseArc>* NewArc(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) override {
+    CheckNotOnLine("an arc", x1, y1, x2, y2, x3, y3);
     auto* arc = new TItem<TKDXBaseArc>(*this, x1, y1, x2, y2, x3, y3, false);
     arc->fLayer = &GetLayer(fActiveLayer + 1);
     return arc;
@@ -179,6 +182,8 @@ class TKDXLabelOf : public TKDXFileLabel {
     return item;
   }
   TItem<TKDXBaseSector>* Sector(TZORPtoA aBox, Single aStart, Single aGap) {
+    Finite(aStart);
+    Finite(aGap);
     auto* sector = Make<TKDXBaseSector>(std::move(aBox));
     sector->SetAngleStart(aStart);
     sector->SetAngleGap(aGap);
@@ -191,6 +196,10 @@ class TKDXLabelOf : public TKDXFileLabel {
   static TZORPtoA Box(Int64 cx, Int64 cy, Int64 rx, Int64 ry) {
     return {{AddHeld(cx, -rx), AddHeld(cy, -ry)}, {AddHeld(cx, rx), AddHeld(cy, ry)}};
   }
+  static void CheckNotOnLine(const char* aWhat, Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) {
+    if (WideCross(Span(x1, x2), Span(y1, y2), Span(x1, x3), Span(y1, y3)) != 0) return;
+    throw EArgumentException("The three points of " + std::string(aWhat) + " lie on one line");
+  }
   static double ToDouble(Int64 aValue) { return static_cast<double>(aValue); }
   static TZORPtoA BoxOf2(Int64 x1, Int64 y1, Int64 x2, Int64 y2) {
     Int64 cx = 0, cy = 0, r = 0;
@@ -198,9 +207,7 @@ class TKDXLabelOf : public TKDXFileLabel {
     return Box(cx, cy, r, r);
   }
   static TZORPtoA BoxOf3(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) {
-    const double ax = ToDouble(x2) - ToDouble(x1), ay = ToDouble(y2) - ToDouble(y1);
-    const double bx = ToDouble(x3) - ToDouble(x1), by = ToDouble(y3) - ToDouble(y1);
-    if (ax * by == ay * bx) throw EArgumentException("The three points of a circle lie on one line");
+    CheckNotOnLine("a circle", x1, y1, x2, y2, x3, y3);
     Int64 cx = 0, cy = 0, r = 0;
     TDraw2D::CircleThreePoints(ToDouble(x1), ToDouble(y1), ToDouble(x2), ToDouble(y2), ToDouble(x3),
                                ToDouble(y3), cx, cy, r);

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "kaldrix/core/Commands.hpp"
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 
@@ -15,7 +16,7 @@ Int64 TCentredItem::HalfWidth() const { return std::abs(BoxHalf(GetPoint(1).bX, 
 Int64 TCentredItem::HalfHeight() const { return std::abs(BoxHalf(GetPoint(1).bY, GetPoint(2).bY)); }
 
 Int64 TCentredItem::HeldCentre(Single aValue, Int64 aHalf, TZORMeasureType aSize) const {
-  Int64 centre = SetValue(aValue, fOwner->fUnits);
+  Int64 centre = HeldPlace(aValue, fOwner->fUnits);
   if (fOwner->fUndoing || fOwner->fRedoing) return centre;
   const Int64 size = fOwner->fMeasure->GetSize(aSize, HasScaledLimits());
   if (SubHeld(centre, aHalf) < 0) centre = aHalf;
@@ -24,7 +25,7 @@ Int64 TCentredItem::HeldCentre(Single aValue, Int64 aHalf, TZORMeasureType aSize
 }
 
 void TCentredItem::SetCenterX(Single aValue) {
-  if (SetValue(aValue, fOwner->fUnits) == fBaseX) return;
+  if (HeldPlace(aValue, fOwner->fUnits) == fBaseX) return;
   TKDXFloatCmd::AddCommand(*this, 3);
   StateUpdate();
   const Int64 half = HalfWidth(), centre = HeldCentre(aValue, half, mtLabelWidth);
@@ -34,7 +35,7 @@ void TCentredItem::SetCenterX(Single aValue) {
 }
 
 void TCentredItem::SetCenterY(Single aValue) {
-  if (SetValue(aValue, fOwner->fUnits) == fBaseY) return;
+  if (HeldPlace(aValue, fOwner->fUnits) == fBaseY) return;
   TKDXFloatCmd::AddCommand(*this, 4);
   StateUpdate();
   const Int64 half = HalfHeight(), centre = HeldCentre(aValue, half, mtLabelHeight);

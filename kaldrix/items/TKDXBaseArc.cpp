@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/items/AngleFields.hpp"
 #include "kaldrix/items/TFitExtent.hpp"
@@ -61,13 +62,13 @@ Single TKDXBaseArc::GetPtoMMY(int aIndex) const { return FromBase(ArcPoint(aInde
 
 void TKDXBaseArc::SetPX(int aIndex, Single aValue) {
   if (!HasArcPoint(aIndex)) return;
-  fArcPoints[static_cast<std::size_t>(aIndex - 1)].SetX(aValue, fOwner->fUnits);
+  fArcPoints[static_cast<std::size_t>(aIndex - 1)].bX = HeldPlace(aValue, fOwner->fUnits);
   CalcFromPoints();
 }
 
 void TKDXBaseArc::SetPY(int aIndex, Single aValue) {
   if (!HasArcPoint(aIndex)) return;
-  fArcPoints[static_cast<std::size_t>(aIndex - 1)].SetY(aValue, fOwner->fUnits);
+  fArcPoints[static_cast<std::size_t>(aIndex - 1)].bY = HeldPlace(aValue, fOwner->fUnits);
   CalcFromPoints();
 }
 

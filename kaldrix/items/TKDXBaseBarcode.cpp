@@ -112,7 +112,7 @@ Single TKDXBaseBarcode::HeldFactor(Single aValue) const {
 }
 
 void TKDXBaseBarcode::SetFactor(Single aValue) {
-  if (Change<TKDXFloatCmd>(fFactor, HeldFactor(aValue), 2, &TKDXBaseItem::StateUpdate)) UpdateSize();
+  if (Change<TKDXFloatCmd>(fFactor, HeldFactor(Finite(aValue)), 2, &TKDXBaseItem::StateUpdate)) UpdateSize();
 }
 
 void TKDXBaseBarcode::SetHorzAlign(TZORHorzAlign aValue) {

@@ -49,7 +49,7 @@ void TKDXBaseFlow::SetFontHeight(Single aMM) { Lay(fFontHeight, std::max(HeldBas
 void TKDXBaseFlow::SetText(const std::string& aValue) { Lay(fText, Utf8::Repaired(aValue)); }
 
 void TKDXBaseFlow::SetScaleX(Single aValue) {
-  const Single interline = HeldInterline(aValue);
+  const Single interline = HeldInterline(Finite(aValue));
   if (interline == fInterline) return;
   fChanged = true;
   Lay(fInterline, interline);

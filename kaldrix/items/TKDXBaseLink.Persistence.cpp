@@ -72,9 +72,9 @@ std::unique_ptr<TJsonObject> TKDXBaseLink::WriteJson() const {
   json->PutLong("Radio", Written(fRadio));
   json->PutLong("Cx", Written(fCx));
   json->PutLong("Cy", Written(fCy));
-  PutLength(*json, "Start", fStart);
-  PutLength(*json, "End", fEnd);
-  PutLength(*json, "Sweep", fSweep);
+  json->PutFloat("Start", fStart);
+  json->PutFloat("End", fEnd);
+  json->PutFloat("Sweep", fSweep);
   json->PutBool("ClockWise", fClockWise);
   TJsonArray& points = json->AddNewArray("LinkPoints");
   points.Reserve(GetNumLinkPoints());

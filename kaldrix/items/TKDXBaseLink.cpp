@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/core/TKDXSettings.hpp"
@@ -126,8 +127,7 @@ TZORBase TKDXBaseLink::RoutePoint(int aIndex) const {
 }
 
 bool TKDXBaseLink::SetLinkPoint(int aIndex, Single x, Single y) {
-  TZORPto point;
-  point.Define(x, y, fOwner->fUnits);
+  const TZORPto point{HeldPlace(x, fOwner->fUnits), HeldPlace(y, fOwner->fUnits)};
   return GetLinkPoint(aIndex) != point && SetBasePoint(aIndex, point.bX, point.bY, true);
 }
 

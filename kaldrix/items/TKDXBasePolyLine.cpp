@@ -1,13 +1,13 @@
 #include "kaldrix/items/TKDXBasePolyLine.hpp"
 
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/items/TFitExtent.hpp"
 #include "kaldrix/utils/TDraw2D.hpp"
 
 namespace Zor::inline Line {
 
 void TKDXBasePolyLine::AddPoint(Single x, Single y) {
-  TZORPto point;
-  point.Define(x, y, fOwner->fUnits);
+  const TZORPto point{HeldPlace(x, fOwner->fUnits), HeldPlace(y, fOwner->fUnits)};
   fPoints.push_back(point);
   // Long lines grow point by point: only the first bounds are made from all points.
   constexpr std::size_t firstPoints = 3;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/items/TSvgElement.hpp"
@@ -14,7 +15,7 @@ namespace Zor::inline F2d {
 Single TKDXBaseRectangle::GetRadio() const { return fOwner->GetVal(fRadio, false); }
 
 void TKDXBaseRectangle::SetRadio(Single aValue) {
-  SetBaseRadio(fOwner->SetVal(std::clamp(aValue, 0.0F, GetHeight() / 2), false));
+  SetBaseRadio(fOwner->SetVal(std::clamp(Finite(aValue), 0.0F, GetHeight() / 2), false));
 }
 
 void TKDXBaseRectangle::SetBaseRadio(int aBase) {

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/items/AngleFields.hpp"
 #include "kaldrix/items/ShapePaint.hpp"
 #include "kaldrix/items/TFitExtent.hpp"
@@ -22,14 +23,14 @@ double Radians(double aDegrees) { return aDegrees * TDraw2D::Pi / 180; }
 // Angles ----------------------------------------------------------------------------
 
 void TKDXBaseSector::SetAngleStart(Single aValue) {
-  fAngleStart = std::isnan(aValue) ? 0 : std::clamp(aValue, LeastStart, FullTurn);
+  fAngleStart = std::clamp(Finite(aValue), LeastStart, FullTurn);
   AdjustStartAngle();
   StateUpdate();
 }
 
 void TKDXBaseSector::SetAngleGap(Single aValue) {
   const Single most = FullTurn - std::fabs(fAngleStart);
-  fAngleGap = aValue > 0 ? std::min(aValue, most) : 0;
+  fAngleGap = std::clamp(Finite(aValue), 0.0F, most);
   StateUpdate();
 }
 
@@ -95,8 +96,8 @@ void TKDXBaseSector::AfterRead(TZORReadType aReadType) {
 std::unique_ptr<TJsonObject> TKDXBaseSector::WriteJson() const {
   auto json = TKDX2DItem::WriteJson();
   WriteLineType(*json);
-  PutLength(*json, "StartAngle", fAngleStart);
-  PutLength(*json, "SweepAngle", fAngleGap);
+  PutSingle(*json, "StartAngle", fAngleStart);
+  PutSingle(*json, "SweepAngle", fAngleGap);
   return json;
 }
 

@@ -76,7 +76,7 @@ void TKDXBaseText::SetFontHeight(Single aMM) {
 }
 
 void TKDXBaseText::SetScaleX(Single aValue) {
-  const Single scale = HeldScale(aValue);
+  const Single scale = HeldScale(Finite(aValue));
   if (scale == fScaleX) return;
   fScaleX = scale;
   StateCalc();

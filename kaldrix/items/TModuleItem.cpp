@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "kaldrix/core/Commands.hpp"
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/items/TextPlacement.hpp"
@@ -48,7 +49,7 @@ void TModuleItem::TieWidth() {
 }
 
 void TModuleItem::SetFactor(Single aValue) {
-  const Single factor = std::isfinite(aValue) ? aValue : 0;
+  const Single factor = Finite(aValue);
   if (factor == fFactor) return;
   // The old factor may not tell the old height: undo brings both back, as one step.
   const bool grouped = fOwner->fIncUnReID;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXSettings.hpp"
 #include "kaldrix/items/TStyledItem.hpp"
@@ -101,8 +102,7 @@ class TTermItem : public TStyledItem<TBase>, public IZORSTerm {
 
  private:
   static int Held(Single aMM) {
-    const double base = static_cast<double>(aMM) * BaseInMM;
-    // In this order a NaN becomes the least size.
+    const double base = static_cast<double>(Finite(aMM)) * BaseInMM;
     return static_cast<int>(RoundLength(std::min<double>(std::max<double>(LeastTerm, base), MostTerm)));
   }
   void SetBase(int& aField, int aBase, int aIndex) {

@@ -74,12 +74,18 @@ inline TCircumcircle Circumcircle(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 
   const Int128 cross = WideCross(bx, by, cx, cy);
   if (cross == 0) return {};
   const double determinant = 2 * ToDouble(cross);
-  const double b = SquareSum(bx, by);
-  const double c = SquareSum(cx, cy);
   TCircumcircle circle;
   circle.valid = true;
-  circle.ux = (static_cast<double>(cy) * b - static_cast<double>(by) * c) / determinant;
-  circle.uy = (static_cast<double>(bx) * c - static_cast<double>(cx) * b) / determinant;
+  if (AllWithin(40, {bx, by, cx, cy})) {
+    // Exact up to the division: of points that are nearly on one line the differences are small.
+    const Int128 b = WideDot(bx, by, bx, by), c = WideDot(cx, cy, cx, cy);
+    circle.ux = ToDouble(b * cy - c * by) / determinant;
+    circle.uy = ToDouble(c * bx - b * cx) / determinant;
+  } else {
+    const double b = SquareSum(bx, by), c = SquareSum(cx, cy);
+    circle.ux = (static_cast<double>(cy) * b - static_cast<double>(by) * c) / determinant;
+    circle.uy = (static_cast<double>(bx) * c - static_cast<double>(cx) * b) / determinant;
+  }
   circle.r = std::hypot(circle.ux, circle.uy);
   return circle;
 }

@@ -66,6 +66,13 @@ inline Int64 OffsetRatio(Int64 aFrom, Int128 aNumerator, Int128 aDenominator) {
   return AddHeld(aFrom - odd, RoundRatio(aNumerator + aDenominator * odd, aDenominator));
 }
 
+/// Nearest integer to aFrom + aOffset, ties to even, held at the ends of Int64. The offset keeps its digits
+/// however far from the origin `aFrom` lies.
+inline Int64 OffsetRound(Int64 aFrom, double aOffset) {
+  const Int64 odd = aFrom % 2;
+  return AddHeld(aFrom - odd, RoundHeld(aOffset + static_cast<double>(odd)));
+}
+
 /// Inclusive, `a` and `b` in either order.
 inline bool WideInRange(Int128 v, Int128 a, Int128 b) { return std::min(a, b) <= v && v <= std::max(a, b); }
 

@@ -206,7 +206,6 @@ TEST(LinearBarcodeItem, LimitsTheFactorByItsType) {
   EXPECT_EQ(factor(btCODE39, 1.5F), 2.0F);
   EXPECT_EQ(factor(btMATRIX_25, 2.1F), 2.25F);
   EXPECT_EQ(factor(btMSI, 7), 6.0F);
-  EXPECT_EQ(factor(btMSI, std::nanf("")), 1.0F);
 }
 
 TEST(LinearBarcodeItem, ACentredSymbolKeepsItsAnchor) {

@@ -150,8 +150,8 @@ TEST(Sector, AnglesAreHeld) {
   auto* sector = doc.NewSector(20000, 15000, 5000, 0, 0);
   struct {
     Single start, gap, heldStart, heldGap;
-  } const cases[] = {{20, 350, 20, 340}, {-400, 90, -359, 1}, {361, 10, 360, 0}, {-30, 340, -30, 330},
-                     {45, -5, 45, 0},    {0, 360, 0, 360},    {NAN, NAN, 0, 0}};
+  } const cases[] = {{20, 350, 20, 340},   {-400, 90, -359, 1}, {361, 10, 360, 0},
+                     {-30, 340, -30, 330}, {45, -5, 45, 0},     {0, 360, 0, 360}};
   for (const auto& row : cases) {
     sector->SetAngleStart(row.start);
     sector->SetAngleGap(row.gap);
