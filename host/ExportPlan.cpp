@@ -32,6 +32,7 @@ TExportPlan::TExportPlan(TKDXLabel& aDocument, const TExportOptions& aOptions)
   const TKDXMeasure& measure = *aDocument.fMeasure;
   if (measure.fWidth <= 0 || measure.fHeight <= 0) throw EInvalidOperation("The label has no size");
   aDocument.CalcPending();
+  aDocument.Fonts().RequireFonts();
   if (fSheet) {
     TakeSheet(aOptions.page);
   } else {

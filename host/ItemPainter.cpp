@@ -298,7 +298,8 @@ void Paint(TSurface& aSurface, const TModuleItem& aSymbol) {
 
 void Measure(TFontEngine& aFonts, TKDXBaseBarcode& aBarcode) {
   aBarcode.fRatio = FontRatio;
-  const TTextSize size = aFonts.Measure({}, FontOf(aBarcode));
+  // Where a number is shown its font is needed, not only asked for.
+  const TTextSize size = aFonts.Measure(aBarcode.GetShowNumber() ? "0" : "", FontOf(aBarcode));
   aBarcode.SetMeasured(ToBase(size.ascent), ToBase(size.descent), ToBase(size.underline),
                        ToBase(size.underlineThickness), FontRatio);
 }

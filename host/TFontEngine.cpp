@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/TShaper.hpp"
+#include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Host {
 
@@ -15,6 +16,9 @@ constexpr std::size_t MostWords = 8192;
 constexpr std::size_t LongestWord = 256;
 /// Millimetres that make no difference.
 constexpr double Touch = 0.001;
+
+/// What a character takes on average where there is no font to ask, part of the em.
+constexpr double EstimatedWidth = 0.5;
 
 double Positive(double value) { return std::isfinite(value) && value > 0 ? value : 0; }
 
@@ -53,8 +57,7 @@ TTextSize TFontEngine::Measure(std::string_view text, const TFontSpec& font) {
   if (const auto found = face.widths.find(text); found != face.widths.end()) {
     width = found->second;
   } else {
-    std::string buffer;
-    width = fShaper->WidthInEm(CleanText(text, buffer), face);
+    width = WidthInEm(text, face);
     if (text.size() <= LongestWord) {
       fCache->Count(*fShaper, face);
       face.widths.emplace(text, width);
@@ -62,6 +65,18 @@ TTextSize TFontEngine::Measure(std::string_view text, const TFontSpec& font) {
   }
   return {width * height, face.ascent * height, face.descent * height, face.underline * height,
           face.underlineThickness * height};
+}
+
+double TFontEngine::WidthInEm(std::string_view text, const TFace& face) {
+  std::string buffer;
+  const std::string_view clean = CleanText(text, buffer);
+  if (face.font != nullptr) return fShaper->WidthInEm(clean, face);
+  fEstimated |= !clean.empty();
+  return static_cast<double>(Utf8::Count(clean)) * EstimatedWidth;
+}
+
+void TFontEngine::RequireFonts() const {
+  if (fEstimated) RaiseNoFont();
 }
 
 std::vector<TTextLine> TFontEngine::BreakLines(std::string_view text, const TFontSpec& font, double widthMM) {
@@ -83,10 +98,11 @@ std::vector<TTextLine> TFontEngine::BreakLines(std::string_view text, const TFon
 
 void TFontEngine::AppendParagraph(std::vector<TTextLine>& lines, std::string_view paragraph,
                                   const TFontSpec& font, double widthMM) {
-  if (paragraph.size() <= LongestWord) {
+  const bool estimated = fShaper->Face(font).font == nullptr;
+  if (paragraph.size() <= LongestWord || estimated) {
     const double width = Measure(paragraph, font).width;
     // At the very edge the layout decides.
-    if (width < widthMM - Touch) return lines.push_back({0, paragraph.size(), width});
+    if (width < widthMM - Touch || estimated) return lines.push_back({0, paragraph.size(), width});
   }
   const double height = Positive(font.heightMM);
   const double limit = height > 0 ? Positive(widthMM) / height : 0;

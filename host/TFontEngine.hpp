@@ -10,6 +10,7 @@
 namespace Zor::inline Host {
 
 class TShaper;
+struct TFace;
 
 /// A font as an item asks for it. The name is a family, or several separated by commas in order of
 /// preference; what is not installed is replaced by the closest that is.
@@ -66,6 +67,10 @@ class TFontEngine {
   /// UTF-8 where the positions are to be used.
   std::vector<TTextLine> BreakLines(std::string_view text, const TFontSpec& font, double widthMM);
 
+  /// Raises Exception when a text has been measured on a machine without any font. Its measures are estimates
+  /// then: enough to look at a document, not to draw it.
+  void RequireFonts() const;
+
   /// Names of the installed families, sorted.
   std::vector<std::string> FontNames() const;
 
@@ -79,8 +84,11 @@ class TFontEngine {
   void AppendParagraph(std::vector<TTextLine>& lines, std::string_view paragraph, const TFontSpec& font,
                        double widthMM);
 
+  double WidthInEm(std::string_view text, const TFace& face);
+
   std::unique_ptr<TShaper> fShaper;
   std::unique_ptr<TCache> fCache;
+  bool fEstimated = false;  ///< a text was measured without a font
 };
 
 }  // namespace Zor::inline Host

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Host {
@@ -182,7 +183,13 @@ TFace TShaper::LoadFace(const TFontSpec& font) {
   return face;
 }
 
+void RaiseNoFont() {
+  throw Exception(
+      "There is no font on this machine to show a text with; install one, such as fonts-liberation");
+}
+
 double TShaper::SetText(std::string_view text, const TFace& face) {
+  if (face.font == nullptr) RaiseNoFont();
   const double bytes = static_cast<double>(std::max<std::size_t>(1, text.size()));
   const double units = std::clamp(std::floor(ByteUnits / bytes), 1.0, FinestUnitsPerEm);
   pango_font_description_set_absolute_size(face.description.get(), units * PANGO_SCALE);

@@ -90,7 +90,11 @@ struct TGlyphLine {
   double unitsPerEm = 1;
 };
 
+/// Raises Exception: a text cannot be shown on this machine.
+[[noreturn]] void RaiseNoFont();
+
 /// Finds faces and shapes texts, without hinting and rounding. Texts have to be clean (see CleanText).
+/// On a machine without any font what shapes raises Exception.
 class TShaper {
  public:
   TShaper();

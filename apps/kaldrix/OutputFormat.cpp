@@ -11,13 +11,19 @@ namespace Zor::Program {
 
 namespace {
 
+/// The document itself. What was measured is stored in it, and so has to be true.
+template <TZORExt aFormat>
+std::string DocumentBytes(TKDXLabel& aDocument, const TExportOptions& /*aOptions*/) {
+  aDocument.Fonts().RequireFonts();
+  return aDocument.SaveToBytes(aFormat);
+}
+
 constexpr std::array<TOutputFormat, 5> Formats{{
     {"svg", true, &ExportSvg},
     {"png", true, &ExportPng},
     {"pdf", true, &ExportPdf},
-    {"json", false,
-     [](TKDXLabel& aDocument, const TExportOptions&) { return aDocument.SaveToBytes(lfJSON); }},
-    {"bin", false, [](TKDXLabel& aDocument, const TExportOptions&) { return aDocument.SaveToBytes(lfBin); }},
+    {"json", false, &DocumentBytes<lfJSON>},
+    {"bin", false, &DocumentBytes<lfBin>},
 }};
 
 const TOutputFormat* FindFormat(std::string_view aName, bool aPictures) {

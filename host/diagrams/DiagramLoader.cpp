@@ -56,6 +56,7 @@ void Replace(TKDXLabel& aDocument, TKDXDiagramModel& aModel, const TScene& aScen
 
 void DrawDiagram(TKDXLabel& aDocument, TKDXDiagramModel& aModel, TDiagramPage aPage) {
   const TScene scene = DiagramScene(aDocument.Fonts(), aModel);
+  aDocument.Fonts().RequireFonts();
   const TLayoutSize page = PageFor(aDocument, scene.size, aPage);
   aDocument.BeginUpdate(true);
   Replace(aDocument, aModel, scene, page);
