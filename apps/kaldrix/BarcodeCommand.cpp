@@ -4,56 +4,46 @@
 #include <algorithm>
 
 #include "apps/kaldrix/Streams.hpp"
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/items/ZOR.Barcode.hpp"
 #include "kaldrix/platform/Ansi.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/NameHints.hpp"
 #include "kaldrix/platform/Utf8.hpp"
-#include "kaldrix/types/BarTypeNames.hpp"
+#include "kaldrix/utils/BarcodeReading.hpp"
+#include "kaldrix/utils/ShownCode.hpp"
 #include "kaldrix/utils/TBarcode.hpp"
 
 namespace Zor::Program {
 
 namespace {
 
-/// The types beside the linear ones.
-struct TMatrixType {
-  std::string_view word;
-  TZORItemType item;
-};
-constexpr std::array<TMatrixType, 3> MatrixTypes{
-    {{"qr", itQRCode}, {"datamatrix", itDataMatrix}, {"pdf417", itPDF417}}};
-
-template <class TTable>
-auto FindWord(const TTable& aTable, const std::string& aWord) {
-  return std::find_if(aTable.begin(), aTable.end(), [&](const auto& row) { return row.word == aWord; });
+std::string TypeProblem(const std::string& aWord) {
+  if (FindBarcodeKind(aWord) != nullptr) return {};
+  std::vector<std::string> words;
+  for (const TBarcodeKind& kind : BarcodeKinds()) words.emplace_back(kind.word);
+  return "there is no type " + ShownText(aWord) + NameHint(aWord, words);
 }
 
-std::vector<std::string> TypeWords() {
-  std::vector<std::string> words;
-  for (const TBarTypeName& row : BarTypeNames) words.emplace_back(row.word);
-  for (const TMatrixType& row : MatrixTypes) words.emplace_back(row.word);
+std::string TypeWords() {
+  std::string words;
+  for (const TBarcodeKind& kind : BarcodeKinds()) (words += words.empty() ? "" : " ") += kind.word;
   return words;
 }
 
-/// The UPC-A code, without check digit, that the first seven digits of a UPC-E code stand for
-/// (ISO/IEC 15420, 4.3.3).
-std::string UpcAOf(const std::string& aCode) {
-  const char last = aCode[6];
-  if (last <= '2') return aCode.substr(0, 3) + last + "0000" + aCode.substr(3, 3);
-  if (last == '3') return aCode.substr(0, 4) + "00000" + aCode.substr(4, 2);
-  if (last == '4') return aCode.substr(0, 5) + "00000" + aCode.substr(5, 1);
-  return aCode.substr(0, 6) + "0000" + last;
-}
+/// The types whose check digit the engine lacks, or computes as no reader takes it.
+bool HasOwnCheckDigit(TZORBarType aType) { return aType == btUPCE0 || aType == btPOSTNET; }
 
-/// An article number with its check digit, which the last digit of a full code has to be; empty for other
-/// symbologies and for shorter codes.
-std::string ArticleCode(const std::string& aCode, TZORBarType aType) {
-  if (aType != btEAN13 && aType != btEAN8 && aType != btUPCA && aType != btUPCE0) return {};
-  constexpr std::array<std::size_t, 4> lengths{13, 8, 12, 8};  // by ordinal
-  if (aCode.size() != lengths[aType]) return {};
-  const std::string digits = aCode.substr(0, aCode.size() - 1);
-  return digits + TBarcode::CheckSumMod(aType == btUPCE0 ? UpcAOf(digits) : digits, ctMod10).DC;
+/// A text that begins with a dash is taken for an option.
+std::string DashHint(const CLI::App& aProgram, const CLI::Error& aError) {
+  std::string message = CLI::FailureMessage::simple(&aProgram, aError);
+  const std::vector<std::string> others = aProgram.remaining(true);
+  const bool dash = std::any_of(others.begin(), others.end(),
+                                [](const std::string& word) { return word.starts_with('-'); });
+  if (dash)
+    message += "A text that begins with a dash stands last, behind --: barcode TYPE -o FILE -- TEXT\n";
+  return message;
 }
 
 /// The label becomes as large as the symbol with its quiet zone.
@@ -67,9 +57,24 @@ void FitLabel(TKDXLabel& aDocument, const TKDXBaseItem& aItem) {
 }  // namespace
 
 BarcodeCommand::BarcodeCommand(CLI::App& aProgram) : Command(aProgram, "barcode", "Write one barcode") {
-  Options().add_option("type", fType, "What kind of barcode")->required()->check(CLI::IsMember(TypeWords()));
+  Options()
+      .add_option("type", fType, "What kind of barcode: " + TypeWords())
+      ->required()
+      ->check(CLI::Validator(TypeProblem, ""));
   Options().add_option("text", fText, "What it says; - reads standard input")->required();
   fOutput.AddOptions(Options(), true);
+  AddLookOptions();
+  AddTextOptions();
+  Options().parse_complete_callback([this] {
+    fOutput.Format();
+    CheckUse();
+  });
+  aProgram.failure_message([this, &aProgram](const CLI::App* app, const CLI::Error& error) {
+    return IsChosen() ? DashHint(aProgram, error) : CLI::FailureMessage::simple(app, error);
+  });
+}
+
+void BarcodeCommand::AddLookOptions() {
   constexpr double least = 0.01, largest = 1000;
   Options()
       .add_option("--module", fModule, "Width of a narrow bar or of a module in millimetres")
@@ -78,62 +83,91 @@ BarcodeCommand::BarcodeCommand(CLI::App& aProgram) : Command(aProgram, "barcode"
       .add_option("--height", fHeight, "Height of the bars, or of a row of PDF417, in millimetres")
       ->check(CLI::Range(least, largest));
   Options().add_flag("--no-text", fNoText, "No text below the bars");
-  Options().add_flag("--check", fCheck, "Add the check digit of the symbology");
   Options()
       .add_option("--dpi", fDpi, "Dots per inch of a PNG")
       ->check(CLI::Range(1.0, 9600.0))
       ->capture_default_str();
-  Options().parse_complete_callback([this] { fOutput.Format(); });
+}
+
+void BarcodeCommand::AddTextOptions() {
+  Options().add_flag("--check", fCheck, "Add the check digit of the symbology");
+  Options().add_flag("--pad", fPad, "Zeros may be put in front of a short text");
+  Options().add_flag("--gs1", fGs1,
+                     "The text of a Data Matrix has GS1 application identifiers in parentheses");
+  Options().add_flag("--escapes", fEscapes, "A backslash in the text of a PDF417 begins an escape");
+}
+
+void BarcodeCommand::CheckUse() const {
+  const TBarcodeKind& kind = Kind();
+  const bool linear = kind.IsLinear();
+  const auto refuse = [&](bool aGiven, bool aWorks, const char* aOption, const char* aWhy) {
+    if (aGiven && !aWorks)
+      throw CLI::ValidationError(aOption, "does nothing for " + std::string(kind.word) + aWhy);
+  };
+  refuse(fHeight > 0, linear || kind.item == itPDF417, "--height",
+         ": its modules are squares, as wide as --module says");
+  refuse(fNoText, linear, "--no-text", "");
+  refuse(fCheck, linear && (TakesCheckSum(kind.type) || HasOwnCheckDigit(kind.type)), "--check", "");
+  refuse(fPad, linear && TakesPadding(kind.type, fCheck), "--pad", "");
+  refuse(fGs1, kind.item == itDataMatrix, "--gs1", "");
+  refuse(fEscapes, kind.item == itPDF417, "--escapes", "");
 }
 
 template <class TItem>
-TItem& BarcodeCommand::Make(TKDXLabel& aDocument, TZORItemType aType) const {
-  auto& item = static_cast<TItem&>(*aDocument.NewItemOfType(aType, false));
+TItem& BarcodeCommand::Make(TKDXLabel& aDocument) const {
+  auto& item = static_cast<TItem&>(*aDocument.NewItemOfType(Kind().item, false));
   if (fModule > 0) item.SetBarWidth(fModule);
   if (fHeight > 0) item.SetBarHeight(fHeight);
   return item;
 }
 
-TKDXBaseItem& BarcodeCommand::MakeSymbol(TKDXLabel& aDocument, const std::string& aText) const {
-  if (const auto* matrix = FindWord(MatrixTypes, fType); matrix != MatrixTypes.end()) {
-    auto& item = Make<TModuleItem>(aDocument, matrix->item);
-    if (fModule > 0 && fHeight == 0 && matrix->item != itPDF417) item.SetBarHeight(fModule);
-    item.SetCode(aText);
-    return item;
-  }
-  auto& item = Make<TKDXBaseBarcode>(aDocument, itBarcode);
-  item.SetCodeType(static_cast<TZORBarType>(FindWord(BarTypeNames, fType) - BarTypeNames.begin()));
-  item.SetCheckSum(fCheck);
+TKDXBaseItem& BarcodeCommand::MakeLinear(TKDXLabel& aDocument, const std::string& aText) const {
+  auto& item = Make<TKDXBaseBarcode>(aDocument);
+  aDocument.fPrintInfo->fPadCodes = fPad;
+  item.SetCodeType(Kind().type);
+  item.SetCheckSum(fCheck && !HasOwnCheckDigit(Kind().type));
   item.SetShowNumber(!fNoText);
-  item.SetCode(aText);
+  item.SetElementString(true);
+  item.SetCode(Completed(aText));
   return item;
 }
 
-void BarcodeCommand::CheckHeld(const TKDXBaseItem& aItem, const std::string& aText) const {
-  const std::string problem = aItem.ValueProblem();
-  if (!problem.empty()) throw Exception(problem);
-  if (const auto* bars = dynamic_cast<const TKDXBaseBarcode*>(&aItem)) {
-    const std::string right = ArticleCode(aText, bars->fCodeType);
-    if (!right.empty() && right != aText)
-      throw Exception("the check digit of '" + aText + "' is wrong: it would be " + right);
-    // Its lower case would become upper case.
-    if (bars->fCodeType == btCODE39 && UpperCase(aText) != aText)
-      throw Exception("'" + aText + "' is no code of Code 39");
+std::string BarcodeCommand::Completed(std::string aText) const {
+  const TZORBarType type = Kind().type;
+  const std::size_t digits = DigitsOf(type);
+  const bool own = fCheck && HasOwnCheckDigit(type);
+  if (fPad && digits > 0) aText = TBarcode::AdjustZero(aText, fCheck ? digits - 1 : digits);
+  return own ? aText + StandardCheckDigit(aText, type) : aText;
+}
+
+TKDXBaseItem& BarcodeCommand::MakeMatrix(TKDXLabel& aDocument, const std::string& aText) const {
+  auto& item = Make<TModuleItem>(aDocument);
+  if (fModule > 0 && Kind().item != itPDF417) item.SetBarHeight(fModule);
+  if (auto* qr = dynamic_cast<TKDXBaseQRCode*>(&item)) {
+    qr->SetExactCode(aText);
+    return item;
   }
-  // All but QR Code take a byte for a character.
-  if (aItem.fItemType != itQRCode && ToUtf8(ToAnsi(aText)) != aText) {
-    throw Exception("'" + aText + "' has characters that the symbol cannot hold");
-  }
+  if (auto* dataMatrix = dynamic_cast<TKDXBaseDataMatrix*>(&item)) dataMatrix->SetElementString(fGs1);
+  std::string text;
+  const bool doubled = Kind().item == itPDF417 && !fEscapes;
+  for (const char c : aText) text.append(doubled && c == '\\' ? 2 : 1, c);
+  item.SetCode(text);
+  return item;
 }
 
 TKDXBaseItem& BarcodeCommand::MakeHeldSymbol(TKDXLabel& aDocument, const std::string& aText) const {
+  const std::string word(Kind().word);
   try {
-    TKDXBaseItem& item = MakeSymbol(aDocument, aText);
+    // All but QR Code take a byte for a character.
+    if (Kind().item != itQRCode && ToUtf8(ToAnsi(aText)) != aText)
+      throw Exception(ShownText(aText) + " has characters that the symbol cannot hold");
+    TKDXBaseItem& item = Kind().IsLinear() ? MakeLinear(aDocument, aText) : MakeMatrix(aDocument, aText);
     aDocument.CalcPending();
-    CheckHeld(item, aText);
+    const std::string problem = item.ValueProblem();
+    if (!problem.empty()) throw Exception(problem);
     return item;
   } catch (const Exception& error) {
-    throw Exception(fType + ": " + error.what());
+    throw Exception(word + ": " + error.what());
   }
 }
 
@@ -142,7 +176,7 @@ int BarcodeCommand::Run() const {
   std::string text = fText == "-" ? ReadInput("-") : fText;
   if (fText == "-" && text.ends_with('\n')) text.pop_back();
   if (text.empty() || !Utf8::IsValid(text)) {
-    throw Exception(fType + ": there is no text" + (text.empty() ? "" : " in UTF-8"));
+    throw Exception(std::string(Kind().word) + ": there is no text" + (text.empty() ? "" : " in UTF-8"));
   }
   FitLabel(document, MakeHeldSymbol(document, text));
   TExportOptions options;

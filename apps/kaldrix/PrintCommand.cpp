@@ -10,6 +10,7 @@
 #include "apps/kaldrix/Documents.hpp"
 #include "apps/kaldrix/ProgressLine.hpp"
 #include "apps/kaldrix/Streams.hpp"
+#include "host/LiteralCodes.hpp"
 #include "host/RunAnswers.hpp"
 #include "host/TLabelRun.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
@@ -92,6 +93,7 @@ void PrintCommand::AddOutputOptions() {
       .add_option("--dpi", fDpi, "Dots per inch of a PNG")
       ->check(CLI::Range(1.0, 9600.0))
       ->capture_default_str();
+  Options().add_flag("--pad", fPad, "Zeros may be put in front of short barcodes");
   Options().add_flag("--keep-going", fKeepGoing, "Leave labels with a problem empty, and tell which");
 }
 
@@ -178,6 +180,8 @@ void PrintCommand::SetUp(TLabelRun& aRun, TKDXLabel& aDocument) const {
     std::cerr << "kaldrix: " << problem << '\n';
   }
   aRun.CheckBindings();
+  aDocument.fPrintInfo->fPadCodes = fPad;
+  CheckLiteralCodes(aDocument);
   const std::unique_ptr<TJsonBaseObject> answers =
       fAnswers.empty() ? std::make_unique<TJsonObject>() : TJsonBaseObject::Parse(ReadInput(fAnswers));
   if (answers == nullptr || !answers->IsObject())

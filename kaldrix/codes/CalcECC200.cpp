@@ -15,7 +15,8 @@ namespace {
 using TWords = std::vector<std::uint8_t>;
 
 // Codewords of ISO/IEC 16022, table 2.
-constexpr std::uint8_t PadWord = 129, DigitsWord = 130, LatchBase256 = 231, UpperShift = 235;
+constexpr std::uint8_t PadWord = 129, DigitsWord = 130, LatchBase256 = 231, Fnc1Word = 232, UpperShift = 235;
+constexpr std::uint8_t SeparatorByte = 29;  // of a GS1 element string
 
 constexpr std::size_t MostWords = 1558;
 constexpr std::size_t BytesTooMany = 1556;  // of one run in Base 256
@@ -36,8 +37,10 @@ std::uint8_t Randomised253(std::size_t aPosition) {
 /// Writes the data in ASCII, and in Base 256 where the look-ahead asks for it.
 class TCodewordWriter {
  public:
-  explicit TCodewordWriter(std::span<const std::uint8_t> aData) : fData(aData), fLookAhead(aData) {
+  TCodewordWriter(std::span<const std::uint8_t> aData, bool aGs1)
+      : fData(aData), fLookAhead(aData), fGs1(aGs1) {
     fWords.reserve(MostWords);
+    if (fGs1) Put(Fnc1Word);
   }
 
   TWords Write() {
@@ -65,6 +68,7 @@ class TCodewordWriter {
     fPosition += 2;
   }
   void Character(std::uint8_t aByte) {
+    if (fGs1 && aByte == SeparatorByte) return Put(Fnc1Word);
     if (aByte > 127) Put(UpperShift);
     Put((aByte & 127U) + 1);
   }
@@ -83,6 +87,7 @@ class TCodewordWriter {
 
   std::span<const std::uint8_t> fData;
   TECC200LookAhead fLookAhead;
+  bool fGs1;
   std::size_t fPosition = 0;
   TWords fWords;
 };
@@ -128,17 +133,27 @@ std::vector<std::uint8_t> Modules(const TWords& aWords, TECC200Size aSize) {
   return modules;
 }
 
-}  // namespace
-
-void CalcECC200(std::span<const std::uint8_t> aData, TECC200Size aSize, TECC200Shape aShape,
-                std::vector<std::uint8_t>& aMatrix, int& aCols, int& aRows) {
-  TWords words = TCodewordWriter(aData.first(std::min(aData.size(), MostBytesSeen))).Write();
+void Calc(std::span<const std::uint8_t> aData, bool aGs1, TECC200Size aSize, TECC200Shape aShape,
+          std::vector<std::uint8_t>& aMatrix, int& aCols, int& aRows) {
+  TWords words = TCodewordWriter(aData.first(std::min(aData.size(), MostBytesSeen)), aGs1).Write();
   const TECC200SymbolParam& param = ChooseSymbol(words.size(), aSize, aShape);
   Pad(words, static_cast<std::size_t>(param.DataLength));
   AddCheckWords(words, param);
   aMatrix = Modules(words, param.Size);
   aCols = param.Cols;
   aRows = param.Rows;
+}
+
+}  // namespace
+
+void CalcECC200(std::span<const std::uint8_t> aData, TECC200Size aSize, TECC200Shape aShape,
+                std::vector<std::uint8_t>& aMatrix, int& aCols, int& aRows) {
+  Calc(aData, false, aSize, aShape, aMatrix, aCols, aRows);
+}
+
+void CalcGs1ECC200(std::span<const std::uint8_t> aData, TECC200Size aSize, TECC200Shape aShape,
+                   std::vector<std::uint8_t>& aMatrix, int& aCols, int& aRows) {
+  Calc(aData, true, aSize, aShape, aMatrix, aCols, aRows);
 }
 
 }  // namespace Zor::inline Datamatrix

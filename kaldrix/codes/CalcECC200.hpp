@@ -16,4 +16,8 @@ namespace Zor::inline Datamatrix {
 void CalcECC200(std::span<const std::uint8_t> aData, TECC200Size aSize, TECC200Shape aShape,
                 std::vector<std::uint8_t>& aMatrix, int& aCols, int& aRows);
 
+/// The same for a GS1 element string: an FNC1 stands first, and for each byte 29 in `aData` (Gs1Separator).
+void CalcGs1ECC200(std::span<const std::uint8_t> aData, TECC200Size aSize, TECC200Shape aShape,
+                   std::vector<std::uint8_t>& aMatrix, int& aCols, int& aRows);
+
 }  // namespace Zor::inline Datamatrix

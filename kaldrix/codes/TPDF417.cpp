@@ -121,6 +121,14 @@ std::string TPDF417::GetValid(std::string_view aCode) {
   return valid;
 }
 
+bool TPDF417::HasEscape(std::string_view aCode) {
+  constexpr std::string_view kinds = "\\0123456789CcGgXx";
+  for (std::size_t at = aCode.find('\\'); at != std::string_view::npos; at = aCode.find('\\', at + 1)) {
+    if (at + 1 < aCode.size() && kinds.find(aCode[at + 1]) != std::string_view::npos) return true;
+  }
+  return false;
+}
+
 void TPDF417::Reset(TCodeWords& aWords) {
   static constexpr TCodeWords padWords = [] {
     TCodeWords words{};

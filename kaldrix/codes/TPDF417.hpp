@@ -38,6 +38,8 @@ class TPDF417 {
   static int UsedCodeWords();
   /// The bytes 32 to 126 of the text.
   static std::string GetValid(std::string_view aCode);
+  /// Is there a backslash that is read as the beginning of an escape?
+  static bool HasEscape(std::string_view aCode);
 
   // Level and size --------------------------------------------------
 

@@ -71,6 +71,7 @@ class TKDXBasePrintInfo final : public TPersistent {
   int fFirstRow = 1, fFirstCol = 1;
   int fFirstLab = 1, fLastLab = 0;
   int fCopies = 1;
+  bool fPadCodes = false;  ///< short barcodes may get zeros in front (see ReadingOf); not stored
 
   // Found and moved by the walk.
   int fPagesToPrint = 0;   ///< 0 until a print has been planned

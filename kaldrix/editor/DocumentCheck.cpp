@@ -133,6 +133,17 @@ void CheckLinks(TKDXFileLabel& aDocument, TFindings& aFindings) {
   }
 }
 
+/// Codes that stand in the document; what data brings is judged when it is printed.
+void CheckCodes(const TKDXBaseLabel& aDocument, TFindings& aFindings) {
+  int index = -1;
+  for (const TKDXBaseItem* item : aDocument.fItems) {
+    ++index;
+    if (item->aIsData || dynamic_cast<const IZORBar1D2D*>(item) == nullptr) continue;
+    const std::string problem = item->ValueProblem();
+    if (!problem.empty()) aFindings.push_back(Entry(index) + ".Code: " + problem);
+  }
+}
+
 void CheckSizes(const TKDXBaseLabel& aDocument, TFindings& aFindings) {
   const TKDXMeasure& measure = *aDocument.fMeasure;
   const auto check = [&](const char* aName, int aSize) {
@@ -210,6 +221,7 @@ std::vector<std::string> CheckDocument(TKDXFileLabel& aScratch, std::string_view
     }
     CheckIdentities(aScratch, findings);
     CheckLinks(aScratch, findings);
+    CheckCodes(aScratch, findings);
     CheckSizes(aScratch, findings);
   } catch (const Exception& error) {
     findings.emplace_back(error.what());

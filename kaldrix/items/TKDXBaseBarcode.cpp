@@ -8,10 +8,13 @@
 #include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/items/AnsiFields.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
-#include "kaldrix/types/BarTypeNames.hpp"
+#include "kaldrix/utils/BarcodeReading.hpp"
+#include "kaldrix/utils/Gs1.hpp"
+#include "kaldrix/utils/ShownCode.hpp"
 #include "kaldrix/utils/TBarcode.hpp"
 #include "kaldrix/utils/TExSVG.hpp"
 
@@ -72,6 +75,7 @@ void TKDXBaseBarcode::Recode(T& aField, const T& aValue) {
 void TKDXBaseBarcode::SetCode(const std::string& aValue) { Recode(fCode, ToAnsi(aValue)); }
 void TKDXBaseBarcode::SetCheckSum(bool aValue) { Recode(fCheckSum, aValue); }
 void TKDXBaseBarcode::SetIgnoreParentheses(bool aValue) { Recode(fIgnoreParentheses, aValue); }
+void TKDXBaseBarcode::SetElementString(bool aValue) { Recode(fElementString, aValue); }
 
 void TKDXBaseBarcode::SetCodeType(TZORBarType aValue) {
   if (aValue == fCodeType) return;
@@ -97,11 +101,12 @@ void TKDXBaseBarcode::FillData(bool aFirst) {
 }
 
 std::string TKDXBaseBarcode::ValueProblem() const {
-  const std::string code = ToUtf8(fCode);
-  if (HasValue(*fOwner) && Value(*fOwner) != code) {
-    return "'" + Value(*fOwner) + "' has characters that a barcode cannot hold";
+  if (HasValue(*fOwner) && Value(*fOwner) != ToUtf8(fCode)) {
+    return ShownText(Value(*fOwner)) + " has characters that a barcode cannot hold";
   }
-  return fIsValid ? "" : "'" + code + "' is no code of " + std::string(BarTypeNames[fCodeType].title);
+  const bool padding = fOwner->fPrintInfo->fPadCodes;
+  return ReadingOf(fCode.Bytes(), fCodeType, {fCheckSum, fIgnoreParentheses, padding, fElementString})
+      .problem;
 }
 
 // Look ----------------------------------------------------------------------------------
@@ -161,13 +166,24 @@ void TKDXBaseBarcode::SetMeasured(int aAscent, int aDescent, int aPosUnderline, 
   fPosUnderline = aPosUnderline;
   fLineSize = aLineSize;
   fRatio = aRatio;
-  fIsValid = TBarcode::IsValidCode(fCode.Bytes(), fCodeType, fCheckSum, fIgnoreParentheses);
+  fIsValid = IsCodeValid();
   fStale = false;
   BarCodeWidth(fDrCode, true);
   UpdatePoints();
 }
 
+bool TKDXBaseBarcode::HasElementString() const {
+  return fElementString && IsGs1Type(fCodeType) && IsGs1Text(fCode.Bytes());
+}
+
+bool TKDXBaseBarcode::IsCodeValid() const {
+  if (HasElementString()) return Gs1Problem(fCode.Bytes()).empty();
+  return TBarcode::IsValidCode(fCode.Bytes(), fCodeType, fCheckSum, fIgnoreParentheses);
+}
+
 TKDXBaseBarcode::TEncoded TKDXBaseBarcode::Encoded() const {
+  if (HasElementString())
+    return {fCode, TBarcode::FillGs1Pattern(Gs1Data(fCode.Bytes()), fCodeType), at128None};
   TEncoded result;
   std::string check;
   result.code = AnsiString(

@@ -28,6 +28,10 @@ class TKDXBaseBarcode : public TBarItem, public IZORBarcode {
   void SetCheckSum(bool aValue);
   bool GetIgnoreParentheses() const { return fIgnoreParentheses; }
   void SetIgnoreParentheses(bool aValue);
+  /// Is a GS1-128 that begins with a parenthesis drawn as a GS1 element string, with its separators? Then the
+  /// text below keeps its parentheses. Off in a new item; not stored.
+  bool GetElementString() const { return fElementString; }
+  void SetElementString(bool aValue);
   TZORCheckType GetCheckType() const { return fCheckType; }
   void SetCheckType(TZORCheckType aValue);
   AnsiString GetCCode() const override { return fCCode; }
@@ -82,6 +86,7 @@ class TKDXBaseBarcode : public TBarItem, public IZORBarcode {
                 bool attrID) const override;
   void UpdatePoints() override;
   void FillData(bool aFirst) override;
+  /// Also whether a reader would find the value, see ReadingOf.
   std::string ValueProblem() const override;
 
   // State. Lengths are base points of paper. ----------------------------------------
@@ -93,6 +98,7 @@ class TKDXBaseBarcode : public TBarItem, public IZORBarcode {
   bool fShowNumber = true;
   bool fCheckSum = false;
   bool fIgnoreParentheses = false;
+  bool fElementString = false;
   bool fIsValid = false;                 ///< whether fCode passed the test of its symbology when measured
   TZOR128AutoType f128Auto = at128None;  ///< what the last encoding chose
   std::string fFontName = "Arial";
@@ -117,6 +123,8 @@ class TKDXBaseBarcode : public TBarItem, public IZORBarcode {
   };
 
   TEncoded Encoded() const;
+  bool HasElementString() const;
+  bool IsCodeValid() const;
   TBarcodePlace DrawPlace() const;
   Single HeldFactor(Single aValue) const;
   void CheckFactor() { fFactor = HeldFactor(fFactor); }

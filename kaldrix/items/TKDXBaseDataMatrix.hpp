@@ -16,6 +16,11 @@ class TKDXBaseDataMatrix : public TMatrixItem {
   void SetDMSize(TECC200Size aValue) { fDMSize = aValue; }
   void SetDMShape(TECC200Shape aValue) { fDMShape = aValue; }
 
+  /// Is the text a GS1 element string with its identifiers in parentheses? Then the symbol begins with an
+  /// FNC1 and has separators. Off in a new item; not stored. Raises as Encode does, and then changes nothing.
+  bool GetElementString() const { return fElementString; }
+  void SetElementString(bool aValue) { Encoded(fElementString, aValue); }
+
   /// Makes the symbol of the text. Raises Exception as CalcECC200 does and leaves the symbol as it was.
   void Encode() override;
   std::span<const std::uint8_t> Modules() const override { return fDataM; }
@@ -24,12 +29,13 @@ class TKDXBaseDataMatrix : public TMatrixItem {
 
   TECC200Size fDMSize = ecc200_Autosize;
   TECC200Shape fDMShape = ecc200_Square;
+  bool fElementString = false;
   std::vector<std::uint8_t> fDataM;  ///< the modules row by row, 1 dark
 
  protected:
   void Record(TRecord& r) override;
   std::string Taken(const std::string& aText) const override;
-  bool HoldsAll(const std::string& aValue) const override;
+  std::string ReadingProblem(const std::string& aValue) const override;
 };
 
 }  // namespace Zor::inline Barcode

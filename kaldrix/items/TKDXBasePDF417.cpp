@@ -6,6 +6,7 @@
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/platform/Ansi.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/utils/ShownCode.hpp"
 
 namespace Zor::inline Barcode {
 
@@ -92,7 +93,13 @@ void TKDXBasePDF417::SetTruncated(bool aValue) {
 
 std::string TKDXBasePDF417::Taken(const std::string& aText) const { return ToUtf8(ToAnsi(aText)); }
 
-bool TKDXBasePDF417::HoldsAll(const std::string& aValue) const { return TPDF417::GetValid(aValue) == aValue; }
+std::string TKDXBasePDF417::ReadingProblem(const std::string& aValue) const {
+  if (TPDF417::GetValid(aValue) != aValue)
+    return ShownText(aValue) + " has characters that the symbol cannot hold";
+  // Whoever writes a code writes escapes on purpose; data knows none.
+  const bool escapes = HasValue(*fOwner) && TPDF417::HasEscape(aValue);
+  return escapes ? ShownText(aValue) + " has a backslash that begins an escape: two stand for one" : "";
+}
 
 int TKDXBasePDF417::ModuleCols() const {
   // The data columns stand between start, row indicators and stop, the last bar of which is a module more.

@@ -45,7 +45,7 @@ class TKDXBasePDF417 : public TModuleItem {
  protected:
   void Record(TRecord& r) override;
   std::string Taken(const std::string& aText) const override;
-  bool HoldsAll(const std::string& aValue) const override;
+  std::string ReadingProblem(const std::string& aValue) const override;
   void UpdateSize() override;
   void FillRuns(std::vector<TModuleRun>& aRuns) const override;
 

@@ -1,6 +1,7 @@
 #include "kaldrix/items/TKDXBaseQRCode.hpp"
 
 #include "kaldrix/core/JsonFields.hpp"
+#include "kaldrix/utils/ShownCode.hpp"
 #include "kaldrix/utils/TBarcode.hpp"
 
 namespace Zor::inline Barcode {
@@ -32,10 +33,12 @@ void TKDXBaseQRCode::Encode() {
 
 std::string TKDXBaseQRCode::Taken(const std::string& aText) const { return TBarcode::RemoveAccented(aText); }
 
-bool TKDXBaseQRCode::HoldsAll(const std::string& /*aValue*/) const {
+std::string TKDXBaseQRCode::ReadingProblem(const std::string& aValue) const {
+  if (aValue != fCode) return ShownText(aValue) + " would be read as " + ShownText(fCode);
   TQRCodeEncoding encoding = fEncoding;
   const TMode mode = TEncoder::ChooseMode(fCode, encoding);
-  return TEncoder::FilterContent(fCode, mode, encoding) == fCode;
+  const bool holds = TEncoder::FilterContent(fCode, mode, encoding) == fCode;
+  return holds ? "" : ShownText(aValue) + " has characters that the symbol cannot hold";
 }
 
 void TKDXBaseQRCode::Record(TRecord& r) {

@@ -23,7 +23,7 @@ void TModuleItem::FillData(bool /*aFirst*/) {
 
 std::string TModuleItem::ValueProblem() const {
   const std::string value = HasValue(*fOwner) ? Value(*fOwner) : fCode;
-  return HoldsAll(value) ? "" : "'" + value + "' has characters that the symbol cannot hold";
+  return value.empty() ? "there is no text for the code" : ReadingProblem(value);
 }
 
 // Sizes ---------------------------------------------------------------------------------

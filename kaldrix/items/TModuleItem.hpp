@@ -45,6 +45,7 @@ class TModuleItem : public TBarItem, public IZORAlign {
   void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
                 bool attrID) const override;
   void FillData(bool aFirst) override;
+  /// Also whether a reader would find the value in the symbol.
   std::string ValueProblem() const override;
 
   std::string fCode;
@@ -58,8 +59,8 @@ class TModuleItem : public TBarItem, public IZORAlign {
   virtual void FillRuns(std::vector<TModuleRun>& aRuns) const = 0;
   /// The form in which the symbology takes a text.
   virtual std::string Taken(const std::string& aText) const = 0;
-  /// Does the symbol hold every character of fCode, and was fCode taken whole from `aValue`?
-  virtual bool HoldsAll(const std::string& aValue) const = 0;
+  /// Why a reader of the symbol would not find `aValue`, of which fCode was taken; empty when it would.
+  virtual std::string ReadingProblem(const std::string& aValue) const = 0;
   void TieHeight() override;
   void TieWidth() override;
   /// The height that the width has under a factor, and the least without one.

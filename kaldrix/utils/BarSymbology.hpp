@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -109,5 +110,12 @@ void WriteMsi(std::string& aOut, const TPatternRequest& aRequest);
 void WritePostNet(std::string& aOut, const TPatternRequest& aRequest);
 /// Code 128 and GS1-128, all sets.
 void WriteCode128(std::string& aOut, const TPatternRequest& aRequest);
+
+// Reading them -------------------------------------------------------------------------
+
+/// What a reader takes from a pattern of Code 128 or GS1-128, as ISO/IEC 15417 has it: the upper half of the
+/// code page behind an FNC4, an FNC1 behind the first character as Gs1Separator. Nothing where it is no
+/// symbol.
+std::optional<std::string> ReadCode128(std::string_view aPattern);
 
 }  // namespace Zor::inline Utils

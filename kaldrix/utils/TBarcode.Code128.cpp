@@ -1,5 +1,8 @@
 // The patterns of Code 128 and GS1-128.
+#include "kaldrix/utils/TBarcode.hpp"
+
 #include "kaldrix/utils/BarSymbology.hpp"
+#include "kaldrix/utils/Gs1.hpp"
 
 namespace Zor::inline Utils {
 
@@ -154,6 +157,35 @@ void WriteBAndUpper(TCode128Writer& aWriter, std::string_view aCode) {
   }
 }
 
+/// Field by field in one set, or in sets B and C by turns; a separator is an FNC1, which every set has.
+void WriteElements(TCode128Writer& aWriter, std::string_view aData, TZORBarType aType) {
+  const auto inC = [&](std::size_t i) {
+    return aType == btEAN128C ||
+           (aType == btEAN128AUTO && aWriter.IsPair(i) && PaysOff(aWriter, aData.size(), i));
+  };
+  const TSetValues& others = aType == btEAN128A ? SetA : SetB;
+  bool pairs = inC(0);
+  aWriter.Start(pairs ? StartC128 : aType == btEAN128A ? StartA128 : StartB128);
+  for (std::size_t i = 0; i < aData.size();) {
+    if (aData[i] == Gs1Separator) {
+      aWriter.Put(Fnc1Of128);
+      ++i;
+      continue;
+    }
+    const bool stays = pairs ? aType == btEAN128C || aWriter.IsPair(i) : !inC(i);
+    if (!stays) {
+      aWriter.Put(pairs ? CodeB128 : CodeC128);
+      pairs = !pairs;
+    }
+    if (pairs) {
+      aWriter.PutPair(i);
+    } else {
+      aWriter.PutOne(others, i);
+    }
+    i += pairs ? 2 : 1;
+  }
+}
+
 /// False where there is nothing to write.
 bool WriteAuto(TCode128Writer& aWriter, const TPatternRequest& aRequest) {
   const std::string_view code = aRequest.code;
@@ -188,6 +220,14 @@ bool WriteAuto(TCode128Writer& aWriter, const TPatternRequest& aRequest) {
 }
 
 }  // namespace
+
+std::string TBarcode::FillGs1Pattern(std::string_view Data, TZORBarType CodeType) {
+  std::string pattern;
+  TCode128Writer writer(pattern, Data, true);
+  WriteElements(writer, Data, CodeType);
+  writer.Finish();
+  return pattern;
+}
 
 void WriteCode128(std::string& aOut, const TPatternRequest& aRequest) {
   const TZORBarType type = aRequest.type;

@@ -37,6 +37,9 @@ class TBarcode {
   /// An automatic type without a mode (at128None) gives an empty pattern.
   static std::string FillBarPattern(std::string_view Code, TZORBarType CodeType, TZOR128AutoType Auto128,
                                     bool ShowNumber);
+  /// The pattern of a GS1 element string (Gs1Data) in a type of GS1-128: each Gs1Separator is an FNC1. A
+  /// character that a fixed set lacks is replaced as FillBarPattern does it.
+  static std::string FillGs1Pattern(std::string_view Data, TZORBarType CodeType);
   /// ctMod10 and ctMod10Right weigh 3, 1, 3, ... from the right; ctMSI10 is the Luhn sum; ctMod11 gives one
   /// check of Code 11, and from 10 characters on two, of which `DC` is the second. Intended: a check of 10 is
   /// written with two characters. The other types add nothing.
