@@ -23,22 +23,6 @@ TSymbolImage Image(std::string_view aPattern) {
   return image;
 }
 
-/// Digits of a UPC-E symbol with the check digit of the UPC-A code that it stands for (ISO/IEC 15420, 4.3.3).
-std::string UpcE(const std::string& aSix) {
-  const auto part = [&](std::size_t aFrom, std::size_t aCount) { return aSix.substr(aFrom, aCount); };
-  const char last = aSix[5];
-  std::string full = "0";
-  if (last <= '2')
-    full += part(0, 2) + last + "0000" + part(2, 3);
-  else if (last == '3')
-    full += part(0, 3) + "00000" + part(3, 2);
-  else if (last == '4')
-    full += part(0, 4) + "00000" + part(4, 1);
-  else
-    full += part(0, 5) + "0000" + last;
-  return "0" + aSix + TBarcode::CheckSumMod(full, ctMod10).DC;
-}
-
 struct TReading {
   const char* name;
   TZORBarType type;
