@@ -133,6 +133,28 @@ TEST_F(PrintTest, BadJsonIsNamed) {
   ExpectFailure(Print("product-labels", "--json " + File("bad.json") + " --source b"), {"bad.json", "'b'"});
 }
 
+TEST_F(PrintTest, CodesThatAReaderWouldNotFindAreNamed) {
+  const auto print = [&](const std::string& aEan, const std::string& aOptions) {
+    Write("p.json", R"({"products":[{"Product":"A","Size":"1","Ean":")" + aEan +
+                        R"(","Price":1,"PerKilo":1,"Copies":1}]})");
+    return Print("product-labels", "--json " + File("p.json") + " --repeat Copies " + aOptions);
+  };
+  ExpectFailure(print("4012345100007", ""), {"record 1", "Barcode004", "it would be 4012345100006"});
+  ExpectFailure(print("12345", ""), {"record 1", "Barcode004", "zeros in front"});
+  ExpectFailure(print("", "--pad"), {"record 1", "Barcode004", "no text"});
+  EXPECT_EQ(print("4012345100006", "").status, 0);
+  EXPECT_EQ(print("12345", "--pad").status, 0);
+}
+
+TEST_F(PrintTest, CodesOfTheDocumentItselfAreChecked) {
+  std::string document = ReadFile(Example("pallet-label.json"));
+  const std::string code = "PO-77120";
+  document.replace(document.find(code), code.size(), "PO*77120");
+  Write("pallet.json", document);
+  ExpectFailure(Kaldrix("print " + File("pallet.json") + " -o " + File("out.pdf")),
+                {"pallet.json", "'*' starts and stops it"});
+}
+
 TEST_F(PrintTest, BadDatabasesAreNamed) {
   const std::string assets = Example("labels/assets.sqlite");
   const std::string query = " --query 'select name, room, bought, url from assets'";

@@ -32,13 +32,16 @@ std::string Failure(std::string_view aText, TECC200Size aSize = ecc200_Autosize,
 }
 
 /// The codewords of a symbol as a reader sees them, without corrections.
-std::vector<int> Codewords(const std::string& aText) {
-  TReaderRun run;
-  run.Add(Symbol(aText).Image());
-  std::istringstream read(run.Read("dmtxread -c -N1 -C0"));
+std::vector<int> Words(const TReaderRun& aRun) {
+  std::istringstream read(aRun.Read("dmtxread -c -N1 -C0"));
   std::vector<int> words;
   for (std::string word; read >> word;) words.push_back(std::atoi(word.substr(2).c_str()));
   return words;
+}
+std::vector<int> Codewords(const std::string& aText) {
+  TReaderRun run;
+  run.Add(Symbol(aText).Image());
+  return Words(run);
 }
 
 /// Takes off the 255-state randomising of ISO/IEC 16022, annex B, from a position on, 0-based.
@@ -115,6 +118,24 @@ TEST(DataMatrixTest, RandomBytesComeBack) {
     run.Add(Symbol(texts.back()).Image());
   }
   EXPECT_EQ(run.ReadEach("dmtxread -N1 -C0"), texts);
+}
+
+TEST(DataMatrixTest, ElementStringsHaveAnFnc1FirstAndForEachSeparator) {
+  const std::string data =
+      "10ABC\x1D"
+      "3712\x1D"
+      "0104006381333931";
+  TSymbol symbol;
+  CalcGs1ECC200(std::vector<std::uint8_t>(data.begin(), data.end()), ecc200_Autosize, ecc200_Square,
+                symbol.modules, symbol.cols, symbol.rows);
+  TReaderRun run;
+  run.Add(symbol.Image());
+  // The words of a text are one less; 232 is the FNC1.
+  const std::vector<int> words = Words(run);
+  ASSERT_GE(words.size(), 9U);
+  EXPECT_EQ(std::vector(words.begin(), words.begin() + 9),
+            (std::vector{232, 140, 66, 67, 68, 232, 167, 142, 232}));
+  EXPECT_EQ(run.ReadEach("ZXingReader -ispure -bytes -format DataMatrix"), std::vector{data});
 }
 
 TEST(DataMatrixTest, TakesTheSmallestSymbolOfTheShape) {

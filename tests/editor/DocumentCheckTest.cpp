@@ -64,6 +64,23 @@ TEST(DocumentCheckTest, TellsWhatCannotBeReadAndIdentitiesThatRepeat) {
   EXPECT_TRUE(Tells(findings, "Items[1].ID: \"LINE001\" is that of Items[0]"));
 }
 
+TEST(DocumentCheckTest, TellsCodesThatNoReaderFinds) {
+  TBareLabel document;
+  document.NewBarcode(0, 0, "A*B", btCODE39);
+  document.NewBarcode(0, 0, "\u00E9", btEAN128AUTO);
+  document.NewBarcode(0, 0, "AB", btCODE39);
+  document.NewQRCode(0, 0, "");
+  auto& bound = *document.NewBarcode(0, 0, "", btEAN13);
+  bound.SetData(ftCsv, "Number", "");
+  document.CalcPending();
+  const std::vector<std::string> findings = Check(document.GetJsonString(true));
+  EXPECT_EQ(findings, (std::vector<std::string>{
+                          "Items[0].Code: 'A*B' is no code of Code 39: '*' starts and stops it",
+                          "Items[1].Code: '\u00E9' gives no bars of GS1-128",
+                          "Items[3].Code: there is no text for the code",
+                      }));
+}
+
 TEST(DocumentCheckTest, TellsLinksWithoutNodes) {
   TBareLabel document;
   const int line = document.NewLine(0, 0, 5, 5)->fInID, node = document.NewPoint(0, 0)->fInID;

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
@@ -409,6 +410,68 @@ TEST(ModuleItems, JoiningKeepsTheDarkModules) {
   for (int y = 0; y < item.fRows; ++y) {
     for (int x = 0; x < item.fCols; ++x) EXPECT_EQ(dark(single, x, y), dark(joined, x, y)) << x << " " << y;
   }
+}
+
+// Reading ------------------------------------------------------------------------------
+
+TEST(BarcodeReading, ItemsTellWhatAReaderWouldNotFind) {
+  TDoc doc;
+  const auto problem = [&](TBarItem& aItem) {
+    doc.CalcPending();
+    return aItem.ValueProblem();
+  };
+  EXPECT_NE(problem(*doc.NewBarcode(0, 0, "", btCODE39)).find("no text"), std::string::npos);
+  auto& ean = *doc.NewBarcode(0, 0, "12345", btEAN13);
+  ean.SetCheckSum(true);
+  EXPECT_NE(problem(ean).find("zeros in front"), std::string::npos);
+  doc.fPrintInfo->fPadCodes = true;
+  EXPECT_EQ(problem(ean), "");
+
+  auto& qr = *doc.NewQRCode(0, 0, "caf\u00E9");
+  EXPECT_EQ(problem(qr), "");  // The item has long become "cafe".
+  EXPECT_EQ(qr.GetCode(), "cafe");
+  qr.SetExactCode("caf\u00E9");
+  EXPECT_EQ(problem(qr), "");
+  EXPECT_EQ(qr.GetCode(), "caf\u00E9");
+  EXPECT_EQ(problem(*doc.NewDataMatrix(0, 0, "5 \u00E9")), "");
+  EXPECT_NE(problem(*doc.NewDataMatrix(0, 0, "5 \u20AC")).find("beyond ISO 8859-1"), std::string::npos);
+
+  // A backslash is on purpose in a code, and just a character in data.
+  auto& pdf = *doc.NewPDF417(0, 0, "\\065");
+  EXPECT_EQ(problem(pdf), "");
+  doc.fData->fLinkData = true;
+  doc.fData->AddListVal("Path");
+  TZOValList& list = *doc.fData->GetListVal("Path");
+  pdf.SetData(ftNone, "=Path", "");
+  for (const auto& [value, part] : {std::pair("C:\\065", "escape"), std::pair("C:\\home", "")}) {
+    list.fAnsText = value;
+    pdf.FillData(true);
+    EXPECT_EQ(problem(pdf).empty(), std::string_view(part).empty()) << value;
+  }
+  qr.SetData(ftNone, "=Path", "");
+  list.fAnsText = "caf\u00E9";
+  qr.FillData(true);
+  EXPECT_EQ(problem(qr), "'caf\u00E9' would be read as 'cafe'");
+}
+
+TEST(BarcodeReading, AnElementStringKeepsItsParenthesesBelowTheBars) {
+  TDoc doc;
+  auto& item = *doc.NewBarcode(0, 0, "(10)AB(21)7", btEAN128AUTO);
+  doc.CalcPending();
+  const std::string plain = item.GetDrCode();
+  EXPECT_FALSE(item.ValueProblem().empty());
+  item.SetElementString(true);
+  doc.CalcPending();
+  EXPECT_EQ(item.ValueProblem(), "");
+  EXPECT_NE(item.GetDrCode(), plain);
+  EXPECT_NE(Joined(Svg(item)).find(">(10)AB(21)7</text>"), std::string::npos);
+  item.SetCode("(10)AB(21)");
+  doc.CalcPending();
+  EXPECT_FALSE(item.fIsValid);
+  item.SetElementString(false);
+  item.SetCode("(10)AB(21)7");
+  doc.CalcPending();
+  EXPECT_EQ(item.GetDrCode(), plain);
 }
 
 // Data ---------------------------------------------------------------------------------
