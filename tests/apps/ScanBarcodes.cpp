@@ -82,7 +82,7 @@ class TScanner {
                        const std::string& aForm) {
     std::vector<std::string> files;
     for (const TMade& one : aMade) files.push_back(one.file);
-    const std::vector<std::string> images = aForm == "svg" ? Painted(aRun, files) : files;
+    const std::vector<std::string> images = aForm == "svg" ? Painted(aRun, files, LowDpi) : files;
     TCounts counts;
     for (std::size_t i = 0; i < aMade.size(); ++i) {
       const TMade& one = aMade[i];
@@ -92,7 +92,7 @@ class TScanner {
       }
       ++counts.taken;
       std::string found;
-      if (IsRead(aRun, aScan, one, aForm == "pdf" ? "" : images[i], found)) {
+      if (IsRead(aRun, aScan, one, aForm, images[i], found)) {
         ++counts.read;
       } else {
         Report(aScan, aForm, one.text, "is read as '" + found + "'");
@@ -105,19 +105,23 @@ class TScanner {
     std::cerr << aScan.name << " as " << aForm << ": '" << aText << "' " << aWhat << '\n';
   }
 
-  /// Readers fail on some sizes of bars that lie off the pixels: a PDF gets a second look at twice as many.
-  /// ZXingReader has another look at what the first reader does not know, such as FNC4 or controls.
-  static bool IsRead(TReaderRun& aRun, const TScan& aScan, const TMade& aMade, const std::string& aImage,
-                     std::string& aFound) {
-    for (const int dpi : {300, 600}) {
-      const std::string image = aImage.empty() ? PaintedPdf(aRun, aMade.file, dpi) : aImage;
+  static constexpr int LowDpi = 300, HighDpi = 600;
+
+  /// Readers fail on some sizes of bars that lie off the pixels: a drawing gets a second look at twice as
+  /// many. ZXingReader has another look at what the first reader does not know, such as FNC4 or controls.
+  static bool IsRead(TReaderRun& aRun, const TScan& aScan, const TMade& aMade, const std::string& aForm,
+                     const std::string& aImage, std::string& aFound) {
+    const auto finds = [&](const std::string& image) {
       for (const TReader reader : {aScan.reader, rdZXing}) {
         aFound = Find(aScan, reader, image);
         if (Agrees(aScan, aMade.text, aFound)) return true;
       }
-      if (!aImage.empty()) break;
+      return false;
+    };
+    if (aForm == "pdf") {
+      return finds(PaintedPdf(aRun, aMade.file, LowDpi)) || finds(PaintedPdf(aRun, aMade.file, HighDpi));
     }
-    return false;
+    return finds(aImage) || (aForm == "svg" && finds(Painted(aRun, {aMade.file}, HighDpi).front()));
   }
 
   static std::string PaintedPdf(TReaderRun& aRun, const std::string& aPdf, int aDpi) {
@@ -133,7 +137,8 @@ class TScanner {
     return at == std::string::npos ? 0 : std::strtod(aSvg.c_str() + at + aKey.size() + 2, nullptr);
   }
   /// Images of drawings: a browser puts each on a page of a PDF.
-  static std::vector<std::string> Painted(TReaderRun& aRun, const std::vector<std::string>& aDrawings) {
+  static std::vector<std::string> Painted(TReaderRun& aRun, const std::vector<std::string>& aDrawings,
+                                          int aDpi) {
     double width = 0, height = 0;
     std::string pages;
     for (const std::string& drawing : aDrawings) {
@@ -154,7 +159,7 @@ class TScanner {
         "--allow-file-access-from-files "
         "--print-to-pdf=" +
         pdf + " file://" + page);
-    const TOutcome done = Shell("pdftoppm -r 300 -png " + pdf + " " + stem);
+    const TOutcome done = Shell("pdftoppm -r " + std::to_string(aDpi) + " -png " + pdf + " " + stem);
     if (done.status != 0) Failed(done.text);
     std::vector<std::string> images;
     std::istringstream names(Shell("ls " + stem + "-*.png").text);
