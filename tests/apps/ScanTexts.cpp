@@ -11,9 +11,6 @@ namespace {
 
 // Texts --------------------------------------------------------------------------------
 
-/// Characters beyond ASCII, of Latin-1 where a byte has to hold each. No space: behind the upper half Code
-/// 128 takes it for another character, and the program refuses it.
-constexpr std::array<std::string_view, 10> Latin1{"é", "ü", "Ø", "ß", "¢", "ÿ", "a", "Z", "7", "-"};
 /// Kinds of characters of which any text is made.
 const std::vector<std::vector<std::string>> Kinds{
     {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"},
@@ -152,8 +149,9 @@ std::string TScanTexts::Fields(std::size_t aCount) {
 
 std::string TScanTexts::SoundOf(const TScan& aScan, std::size_t aLength) {
   if (aScan.alphabet == Gs1Fields) return Fields(aLength);
-  std::string text = aScan.alphabet.empty() ? "" : fTexts.Of(aScan.alphabet, aLength);
-  for (std::size_t i = 0; aScan.alphabet.empty() && i < aLength; ++i) text += Latin1[Below(Latin1.size())];
+  const std::u32string alphabet = Utf8::ToUtf32(aScan.alphabet);
+  std::string text;
+  for (std::size_t i = 0; i < aLength; ++i) Utf8::Append(text, alphabet[Below(alphabet.size())]);
   if (aScan.check == ckUpcE) return UpcE(fTexts.Of(Digits, 6)).substr(0, aLength);
   if (text.size() == aScan.digits) text.back() = Mod10Of(text.substr(0, text.size() - 1));
   return text;

@@ -35,7 +35,7 @@ enum TCheck { ckNone, ckMod10, ckUpcE, ck39 };
 struct TScan {
   const char* name;
   const char* type;
-  std::string_view alphabet;      ///< of sound texts; empty: Latin-1
+  std::string_view alphabet;      ///< of sound texts, UTF-8
   std::size_t least, most, step;  ///< length of sound texts
   TReader reader;
   const char* format;  ///< of ZXingReader, which has the second look; empty: it does not know it
@@ -56,6 +56,8 @@ inline constexpr std::string_view AlphabetA =
 /// No parenthesis, which would begin a GS1 element string.
 inline constexpr std::string_view AlphabetGs1 = "abCD%&*0123456789012345678901234567890123456789";
 inline constexpr std::string_view Alphanumeric = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ $%*+-./:";
+/// No space: behind the upper half Code 128 takes it for another character, and the program refuses it.
+inline constexpr std::string_view Latin1 = "éüØß¢ÿaZ7-", Unicode = "Ωя中€😀éaZ7 ";
 inline constexpr std::string_view Gs1Fields = "(";  ///< GS1 fields instead of characters
 
 // Not read by any of the three, and thus not here: Industrial and Matrix 2 of 5, Code 11, MSI, POSTNET.
@@ -83,7 +85,7 @@ inline constexpr TScan Scans[] = {
     {"Code 128 set C, zeros", "code128c", Digits, 1, 60, 1, rdZbar, "Code128", "--pad"},
     {"Code 128", "code128auto", "abCD()0123456789012345678901234567890123456789", 1, 60, 1, rdZbar,
      "Code128"},
-    {"Code 128, Latin-1", "code128auto", "", 1, 30, 1, rdZXing, "Code128"},
+    {"Code 128, Latin-1", "code128auto", Latin1, 1, 30, 1, rdZXing, "Code128"},
     {"GS1-128 set A", "ean128a", "ABC%&*0123456789", 4, 40, 1, rdZXing, "Code128"},
     {"GS1-128 set B", "ean128b", AlphabetGs1, 4, 40, 1, rdZbar, "Code128"},
     {"GS1-128 set C", "ean128c", Digits, 4, 48, 2, rdZbar, "Code128"},
@@ -96,11 +98,12 @@ inline constexpr TScan Scans[] = {
     {"QR Code, digits", "qr", Digits, 1, 600, 1, rdZbar, "QRCode", "", fdMarked},
     {"QR Code, alphanumeric", "qr", Alphanumeric, 1, 500, 1, rdZXing, "QRCode", "", fdMarked},
     {"QR Code, ASCII", "qr", Printable, 1, 400, 1, rdZbar, "QRCode", "", fdMarked},
-    {"QR Code, Latin-1", "qr", "", 1, 200, 1, rdZXing, "QRCode", "", fdMarked},
+    {"QR Code, Latin-1", "qr", Latin1, 1, 200, 1, rdZXing, "QRCode", "", fdMarked},
+    {"QR Code, Unicode", "qr", Unicode, 1, 100, 1, rdZXing, "QRCode", "", fdMarked},
     {"QR Code, versions 27 to 40", "qr", Printable, 1470, 2953, 1, rdZXing, "QRCode", "", fdMarked},
     {"Data Matrix, digits", "datamatrix", Digits, 1, 600, 1, rdDmtx, "DataMatrix"},
     {"Data Matrix, ASCII", "datamatrix", Printable, 1, 300, 1, rdZXing, "DataMatrix"},
-    {"Data Matrix, Latin-1", "datamatrix", "", 1, 150, 1, rdDmtx, "DataMatrix"},
+    {"Data Matrix, Latin-1", "datamatrix", Latin1, 1, 150, 1, rdDmtx, "DataMatrix"},
     {"Data Matrix, large", "datamatrix", Printable, 300, 1500, 1, rdDmtx, "DataMatrix"},
     {"Data Matrix, identifiers", "datamatrix", Gs1Fields, 1, 8, 1, rdZXing, "DataMatrix", "--gs1", fdGs1},
     {"PDF417, digits", "pdf417", Digits, 1, 600, 1, rdZXing, "PDF417"},
