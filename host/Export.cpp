@@ -26,21 +26,6 @@ void CheckDpi(const TExportOptions& aOptions) {
 constexpr std::string_view ClipName = "kaldrix-label";
 constexpr std::string_view BackName = "kaldrix-back";
 
-/// The root element that shows the part of the paper which the plan names.
-std::string Root(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions) {
-  const TZORUnitFacts& unit = UnitFacts(aDocument.fUnits);
-  const auto length = [&](double aMM) {
-    // The large units have no suffix in SVG: their sizes are told in millimetres.
-    const double value = unit.restricted ? aMM : static_cast<Single>(aMM / unit.millimetres);
-    return TExSVG::GetValUnit(value, aOptions.factor, unit.restricted ? unMM : aDocument.fUnits,
-                              aOptions.svgMode);
-  };
-  const auto number = [&](double aMM) { return TExSVG::GetVal(aMM, aOptions.factor, aOptions.svgMode); };
-  return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + length(aPlan.width) + "\" height=\"" +
-         length(aPlan.height) + "\" viewBox=\"" + number(aPlan.x) + " " + number(aPlan.y) + " " +
-         number(aPlan.width) + " " + number(aPlan.height) + "\">\n";
-}
-
 /// The sheet in the making: what the labels share goes to the definitions once.
 class TSheetSvg {
  public:
@@ -87,8 +72,10 @@ class TSheetSvg {
   std::string WriteItems(const TLabelCell& aCell, bool aIds) {
     std::string text;
     TSvgList svg, defs;
+    TSvgWriting writing = fOptions.Writing();
+    writing.ids = aIds;
     fPlan.ForItems(aCell, [&](const TKDXBaseItem& item) {
-      item.WriteSVG(svg, defs, fOptions.svgMode, fOptions.factor, aIds);
+      item.WritePaperSVG(svg, defs, writing);
       for (const std::string& line : svg) (text += line) += '\n';
       Define(defs);
       svg.clear();
@@ -130,7 +117,7 @@ void PaintPlan(TSurface& aSurface, const TKDXLabel& aDocument, const TExportPlan
 }
 
 std::string PlanSvg(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions) {
-  return TSheetSvg(aDocument, aPlan, aOptions).Text(Root(aDocument, aPlan, aOptions));
+  return TSheetSvg(aDocument, aPlan, aOptions).Text(aDocument.SvgRoot(aOptions.Writing(), aPlan.Window()));
 }
 
 std::string PlanPng(const TKDXLabel& aDocument, const TExportPlan& aPlan, const TExportOptions& aOptions) {
@@ -152,10 +139,7 @@ TPdfInfo PdfInfo(const TKDXLabel& aDocument) {
 std::string ExportSvg(TKDXLabel& aDocument, const TExportOptions& aOptions) {
   const TExportPlan plan(aDocument, aOptions);
   if (plan.IsSheet()) return PlanSvg(aDocument, plan, aOptions);
-  std::string text = aDocument.SVG(aOptions.svgMode, aOptions.factor, aOptions.ids);
-  // What is fitted is the whole drawing seen through another window.
-  if (aOptions.fit) text.replace(0, text.find('\n') + 1, Root(aDocument, plan, aOptions));
-  return text;
+  return aDocument.SVG(aOptions.Writing(), plan.Window());
 }
 
 std::string ExportPng(TKDXLabel& aDocument, const TExportOptions& aOptions) {

@@ -26,6 +26,9 @@ struct TExportOptions {
   TZORExportSVG svgMode = svCurrentUnit;
   Single factor = 1;
   bool ids = false;
+  TSvgTextForm svgText = stPortable;
+
+  TSvgWriting Writing() const { return {svgMode, factor, ids, svgText}; }
 };
 
 // Each gives the bytes of the file. Items are taken when they and their layer are visible and exported, in

@@ -26,7 +26,10 @@ std::uint64_t CopyKey(int aInID, int aRow, int aColumn) {
 }  // namespace
 
 TExportPlan::TExportPlan(TKDXLabel& aDocument, const TExportOptions& aOptions)
-    : fDocument(aDocument), fSheet(aOptions.page > 0), fOption(aOptions.print ? lopPrint : lopExport) {
+    : fDocument(aDocument),
+      fSheet(aOptions.page > 0),
+      fOption(aOptions.print ? lopPrint : lopExport),
+      fRecord(aDocument) {
   if (aOptions.page < 0) throw EArgumentOutOfRangeException("Pages count from 1");
   if (fSheet && aOptions.fit) throw EArgumentException("A sheet of labels cannot be fitted to its items");
   const TKDXMeasure& measure = *aDocument.fMeasure;
@@ -48,7 +51,9 @@ void TExportPlan::TakeLabel() {
 
 void TExportPlan::TakeExtent() {
   Int64 left = -1, right = -1, top = -1, bottom = -1;
-  fDocument.CheckFit(left, right, top, bottom);
+  ForItems(cells.front(), [&](const TKDXBaseItem& item) { item.CheckFit(left, right, top, bottom); });
+  left = std::max<Int64>(left, 0);
+  top = std::max<Int64>(top, 0);
   if (right < left || bottom < top) throw EInvalidOperation("There is nothing to fit to");
   const double factor = fDocument.PaperFactor();
   // A line without a pen has an extent of 0, a picture has not.

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/Export.hpp"
+#include "kaldrix/core/TRecordCopies.hpp"
 
 namespace Zor::inline Host {
 
@@ -30,15 +31,17 @@ class TExportPlan {
   bool Varies() const { return fVaries; }
 
   /// Calls `aVisit` with the items that the label shows, lowest first. On a sheet a data item is replaced by
-  /// its copy for that label.
+  /// its copy for that label, else by one with the value of the current record.
   template <class TVisit>
   void ForItems(const TLabelCell& aCell, TVisit aVisit) const {
     for (TKDXBaseItem* item : fDocument.fItems) {
       if (!IsShown(*item)) continue;
-      TKDXBaseItem* shown = fVaries && item->GetIsData() ? CopyOf(*item, aCell) : item;
+      TKDXBaseItem* shown = fSheet ? OnSheet(*item, aCell) : &fRecord.Shown(*item);
       if (shown != nullptr) aVisit(*shown);
     }
   }
+
+  TSvgWindow Window() const { return {x, y, width, height}; }
 
   // Millimetres of paper.
   double x = 0, y = 0, width = 0, height = 0;
@@ -59,6 +62,9 @@ class TExportPlan {
   void FillCopies(int aPage);
   void AddCells(int aRow, int aColumn, Int64 aMost);
   void IndexCopies();
+  TKDXBaseItem* OnSheet(TKDXBaseItem& aItem, const TLabelCell& aCell) const {
+    return fVaries && aItem.GetIsData() ? CopyOf(aItem, aCell) : &aItem;
+  }
   TKDXBaseItem* CopyOf(const TKDXBaseItem& aItem, const TLabelCell& aCell) const;
 
   TKDXLabel& fDocument;
@@ -66,6 +72,7 @@ class TExportPlan {
   TZOLayerOp fOption;  ///< what an item has to have to be shown
   bool fVaries = false;
   std::unordered_map<std::uint64_t, TKDXBaseItem*> fCopies;
+  mutable TRecordCopies fRecord;
 };
 
 }  // namespace Zor::inline Host

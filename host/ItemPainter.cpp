@@ -174,7 +174,7 @@ void Paint(TSurface& aSurface, const TKDXBaseLink& aLink) {
 void Paint(TSurface& aSurface, const TKDXBaseRectangle& aRect) {
   const TPaper mm(aRect);
   const TZORRect& r = aRect.fBoundsRect;
-  aSurface.Rect(mm(r.Left), mm(r.Top), mm(r.GetWidth()), mm(r.GetHeight()), aRect.GetMMRadio(), PenOf(aRect),
+  aSurface.Rect(mm(r.Left), mm(r.Top), mm(r.GetWidth()), mm(r.GetHeight()), aRect.PaperRadio(), PenOf(aRect),
                 BrushOf(aRect));
 }
 
@@ -225,8 +225,7 @@ void Paint(TSurface& aSurface, const TKDXBaseText& aText) {
   aSurface.Rect(left, top, width, height, aText.GetRadio(), {aText.fColor, aText.GetPenWidth()},
                 {aText.fBackColor, aText.fFill});
   Single x = aText.GetPointMMX(1), y = aText.GetPointMMY(1);
-  AdjustPos(aText.FromBase(aText.fPaddingX), aText.FromBase(aText.fPaddingY), aText.fHorzAlign,
-            aText.fVertAlign, aText.fAngle, x, y);
+  AdjustPos(aText.GetPaddingX(), aText.GetPaddingY(), aText.fHorzAlign, aText.fVertAlign, aText.fAngle, x, y);
   const TTextPlace place{x,
                          y,
                          Anchors[aText.fHorzAlign],

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <array>
+#include <map>
 
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/platform/Files.hpp"
@@ -33,7 +34,17 @@ const TOutputFormat* FindFormat(std::string_view aName, bool aPictures) {
   return nullptr;
 }
 
+const std::map<std::string, TSvgTextForm> SvgTexts{{"portable", stPortable}, {"exact", stExact}};
+
 }  // namespace
+
+void AddSvgText(CLI::App& aOptions, TSvgTextForm& aForm) {
+  aOptions
+      .add_option("--svg-text", aForm,
+                  "Texts of an SVG: portable, by their baseline, or exact, by edges that only browsers know")
+      ->transform(CLI::CheckedTransformer(SvgTexts))
+      ->default_str("portable");
+}
 
 CLI::Option* Output::AddOptions(CLI::App& aOptions, bool aPictures) {
   fPictures = aPictures;
@@ -44,6 +55,7 @@ CLI::Option* Output::AddOptions(CLI::App& aOptions, bool aPictures) {
         return FindFormat(word, fPictures) != nullptr ? std::string()
                                                       : "'" + word + "' is none of " + Words();
       });
+  AddSvgText(aOptions, fSvgText);
   return name;
 }
 
@@ -62,7 +74,9 @@ const TOutputFormat& Output::Format() const {
 }
 
 void Output::Write(TKDXLabel& aDocument, const TExportOptions& aOptions) const {
-  WriteOutput(fName, Format().make(aDocument, aOptions));
+  TExportOptions options = aOptions;
+  options.svgText = fSvgText;
+  WriteOutput(fName, Format().make(aDocument, options));
 }
 
 void Output::WriteBytes(std::string_view aBytes) const { WriteOutput(fName.empty() ? "-" : fName, aBytes); }

@@ -19,10 +19,13 @@ struct TOutputFormat {
   std::string (*make)(TKDXLabel&, const TExportOptions&);
 };
 
+/// Adds --svg-text.
+void AddSvgText(CLI::App& aOptions, TSvgTextForm& aForm);
+
 /// Where a command writes to, and in which form.
 class Output {
  public:
-  /// Adds -o, which it gives, and --format. With `aPictures`, the document itself is no form.
+  /// Adds -o, which it gives, --format and --svg-text. With `aPictures`, the document itself is no form.
   CLI::Option* AddOptions(CLI::App& aOptions, bool aPictures);
   /// The form that was asked for, or that of the file's suffix. Raises CLI::ValidationError.
   const TOutputFormat& Format() const;
@@ -35,6 +38,7 @@ class Output {
 
   std::string fName, fFormat;
   bool fPictures = false;
+  TSvgTextForm fSvgText = stPortable;
 };
 
 }  // namespace Zor::Program

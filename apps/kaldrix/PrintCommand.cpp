@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "apps/kaldrix/Documents.hpp"
+#include "apps/kaldrix/OutputFormat.hpp"
 #include "apps/kaldrix/ProgressLine.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "host/LiteralCodes.hpp"
@@ -94,6 +95,7 @@ void PrintCommand::AddOutputOptions() {
       ->check(CLI::Range(1.0, 9600.0))
       ->capture_default_str();
   Options().add_flag("--pad", fPad, "Zeros may be put in front of short barcodes");
+  AddSvgText(Options(), fSvgText);
   Options().add_flag("--keep-going", fKeepGoing, "Leave labels with a problem empty, and tell which");
 }
 
@@ -144,6 +146,7 @@ TRunJob PrintCommand::Job() const {
   job.format = fOutput == "-" ? rfPdf : *FormatOf(fFormat, fOutput);
   job.options.dpi = fDpi;
   job.options.print = true;
+  job.options.svgText = fSvgText;
   job.part = fPart;
   job.keepGoing = fKeepGoing;
   if (fReprint.empty()) job.manifest = fManifest;

@@ -29,6 +29,7 @@ class PrintCommand final : public Command {
   std::string fInput, fOutput, fFormat, fAnswers, fLabels, fManifest, fReprint;
   int fStartRow = 1, fStartCol = 1, fPart = 50;
   double fDpi = 300;
+  TSvgTextForm fSvgText = stPortable;
   bool fResume = false, fKeepGoing = false, fPad = false;
 };
 

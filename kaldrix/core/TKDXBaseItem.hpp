@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "kaldrix/core/TComponent.hpp"
+#include "kaldrix/core/TSvgWriting.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/TBinaryReader.hpp"
 #include "kaldrix/platform/TBinaryWriter.hpp"
@@ -161,6 +162,11 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   virtual void ReadJson(int aVersion, TJsonObject& aJson);
   virtual void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
                         bool attrID) const = 0;
+  /// The elements with which a document shows the item: those of WriteSVG, all numbers in millimetres of
+  /// paper and lengths as they were set, whatever unit and drawing scale.
+  virtual void WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWriting& aWriting) const {
+    WriteSVG(svg, defs, aWriting.type, aWriting.factor, aWriting.ids);
+  }
   virtual void UpdateBounds();
   virtual void UpdatePoints() { UpdateBounds(); }
   /// Puts two points in order: point 1 at the top left.

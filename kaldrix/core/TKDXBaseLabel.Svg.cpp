@@ -2,6 +2,7 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/core/TRecordCopies.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/utils/TExSVG.hpp"
 
@@ -16,7 +17,12 @@ void AppendLines(std::string& aOut, const TSvgList& aLines) {
 }  // namespace
 
 std::string TKDXBaseLabel::SVG(TZORExportSVG aExportType, Single aFactor, bool attrID) {
+  return SVG({aExportType, aFactor, attrID}, SvgWindow());
+}
+
+std::string TKDXBaseLabel::SVG(const TSvgWriting& aWriting, const TSvgWindow& aWindow) {
   CalcPending();
+  TRecordCopies copies(*this);
   std::string body, definitions;
   TSvgList svg, defs;
   const auto flush = [&] {
@@ -25,33 +31,36 @@ std::string TKDXBaseLabel::SVG(TZORExportSVG aExportType, Single aFactor, bool a
     svg.clear();
     defs.clear();
   };
-  WriteBackSVG(svg, defs, aExportType, aFactor);
-  for (const TKDXBaseItem* item : fItems) {
+  WriteBackSVG(svg, defs, aWriting.type, aWriting.factor);
+  for (TKDXBaseItem* item : fItems) {
     if (!item->Shows(lopVisible) || !item->Shows(lopExport)) continue;
-    item->WriteSVG(svg, defs, aExportType, aFactor, attrID);
+    copies.Shown(*item).WritePaperSVG(svg, defs, aWriting);
     flush();
   }
   flush();
-  std::string text = SvgRoot(aExportType, aFactor);
+  std::string text = SvgRoot(aWriting, aWindow);
   text.reserve(text.size() + body.size() + definitions.size() + 32);
   if (!definitions.empty()) ((text += "<defs>\n") += definitions) += "</defs>\n";
   (text += body) += "</svg>\n";
   return text;
 }
 
-std::string TKDXBaseLabel::SvgRoot(TZORExportSVG aExportType, Single aFactor) const {
-  const auto size = [this](int aBase) { return GetValFromMM(GetBaseValue(aBase)); };
-  const Single width = size(fMeasure->fWidth), height = size(fMeasure->fHeight);
-  const auto length = [&](Single aValue) {
-    // The large units have no suffix in SVG: their sizes are told in millimetres.
-    if (!UnitFacts(fUnits).restricted) return TExSVG::GetValUnit(aValue, aFactor, fUnits, aExportType);
-    return TExSVG::GetValUnit(static_cast<Single>(aValue * UnitFacts(fUnits).millimetres), aFactor, unMM,
-                              aExportType);
+TSvgWindow TKDXBaseLabel::SvgWindow() const {
+  return {0, 0, fMeasure->fWidth / BaseInMM, fMeasure->fHeight / BaseInMM};
+}
+
+std::string TKDXBaseLabel::SvgRoot(const TSvgWriting& aWriting, const TSvgWindow& aWindow) const {
+  const bool suffixed = aWriting.type == svCurrentUnit || aWriting.type == svFactor;
+  const TZORUnits unit = suffixed && !UnitFacts(fUnits).restricted ? fUnits : unMM;
+  const auto length = [&](double aMM) {
+    // Narrowed, so that 76.2 mm are 3 inches.
+    const auto value = static_cast<Single>(aMM / UnitFacts(unit).millimetres);
+    return TExSVG::GetValUnit(value, aWriting.factor, unit, aWriting.type);
   };
-  const Single widthMM = GetBaseValue(fMeasure->fWidth), heightMM = GetBaseValue(fMeasure->fHeight);
-  return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + length(width) + "\" height=\"" +
-         length(height) + "\" viewBox=\"0 0 " + TExSVG::GetVal(widthMM, aFactor, aExportType) + " " +
-         TExSVG::GetVal(heightMM, aFactor, aExportType) + "\">\n";
+  const auto number = [&](double aMM) { return TExSVG::GetVal(aMM, aWriting.factor, aWriting.type); };
+  return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + length(aWindow.width) + "\" height=\"" +
+         length(aWindow.height) + "\" viewBox=\"" + number(aWindow.x) + " " + number(aWindow.y) + " " +
+         number(aWindow.width) + " " + number(aWindow.height) + "\">\n";
 }
 
 void TKDXBaseLabel::SaveSVG(const std::string& aFilename, TZORExportSVG aExportType, Single aFactor,

@@ -11,6 +11,7 @@
 #include "kaldrix/core/TItemIndex.hpp"
 #include "kaldrix/core/TKDXBaseItem.hpp"
 #include "kaldrix/core/TOwnedList.hpp"
+#include "kaldrix/core/TSvgWriting.hpp"
 #include "kaldrix/core/TUndoStack.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/TNameFinder.hpp"
@@ -373,8 +374,18 @@ class TKDXBaseLabel : public TComponent {
 
   // SVG --------------------------------------------------
 
-  /// The whole document. With `attrID` elements carry the names of their items.
+  /// The whole document as it shows on paper: every number in millimetres of paper, times the factor where
+  /// the mode has one, and items that are bound to open data with the values of the current record. With
+  /// `attrID` elements carry the names of their items.
   std::string SVG(TZORExportSVG aExportType, Single aFactor, bool attrID);
+  /// The same, seen through a window.
+  std::string SVG(const TSvgWriting& aWriting, const TSvgWindow& aWindow);
+  /// The whole label.
+  TSvgWindow SvgWindow() const;
+  /// The opening tag of the root element. Width and height are in the unit of the document where the mode
+  /// writes units, in millimetres for the large units, which SVG does not know; without units they are what
+  /// the viewBox says.
+  std::string SvgRoot(const TSvgWriting& aWriting, const TSvgWindow& aWindow) const;
   void SaveSVG(const std::string& aFilename, TZORExportSVG aExportType, Single aFactor, bool attrID);
 
   // Supplied by the host --------------------------------------------------
@@ -497,6 +508,7 @@ class TKDXBaseLabel : public TComponent {
  private:
   friend class TKDXBaseItem;
   friend class TContentKeeper;
+  friend class TRecordCopies;
 
   // An item comes, goes, or changes its name.
   void Enlist(TKDXBaseItem& aItem, bool aPreview);
@@ -544,7 +556,6 @@ class TKDXBaseLabel : public TComponent {
   void ReadSymbol(TJsonObject& aJson);
   void CheckActive();
   void RecordBase(TRecord& r);
-  std::string SvgRoot(TZORExportSVG aExportType, Single aFactor) const;
   void CheckNeedDrawUnits();
 
   TItemIndex fIndex;

@@ -314,15 +314,21 @@ TBarcodeLayout TKDXBaseBarcode::Layout() const {
   return LayOutBarcode(*this, DrawPlace(), encoded.code.Bytes(), encoded.pattern);
 }
 
-void TKDXBaseBarcode::WriteSVG(TSvgList& svg, TSvgList& /*defs*/, TZORExportSVG aExportType, Single aFactor,
-                               bool /*attrID*/) const {
+void TKDXBaseBarcode::WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
+                               bool attrID) const {
+  WritePaperSVG(svg, defs, {aExportType, aFactor, attrID});
+}
+
+void TKDXBaseBarcode::WritePaperSVG(TSvgList& svg, TSvgList& /*defs*/, const TSvgWriting& aWriting) const {
   if (!fIsValid) return;
-  WriteSvgBack(svg, aExportType, aFactor);
+  WriteSvgBack(svg, aWriting.type, aWriting.factor);
   const TEncoded encoded = Encoded();
   const TBarcodePlace place = DrawPlace();
-  std::string elements =
-      TExSVG::Barcode(*this, fColor, place.length, place.scale, encoded.code, encoded.pattern,
-                      double{aFactor}, place.x, place.y, place.padX, place.padY, fRatio, aExportType);
+  std::optional<double> ascent;
+  if (aWriting.text == stPortable) ascent = fAscent / BaseInMM;
+  std::string elements = TExSVG::Barcode(*this, fColor, place.length, place.scale, encoded.code,
+                                         encoded.pattern, double{aWriting.factor}, place.x, place.y,
+                                         place.padX, place.padY, fRatio, aWriting.type, ascent);
   if (!elements.empty()) svg.push_back(std::move(elements));
 }
 

@@ -84,6 +84,7 @@ class TKDXBaseBarcode : public TBarItem, public IZORBarcode {
   void ReadJson(int aVersion, TJsonObject& aJson) override;
   void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
                 bool attrID) const override;
+  void WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWriting& aWriting) const override;
   void UpdatePoints() override;
   void FillData(bool aFirst) override;
   /// Also whether a reader would find the value, see ReadingOf.

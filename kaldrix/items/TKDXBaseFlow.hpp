@@ -96,6 +96,7 @@ class TKDXBaseFlow : public TStyledItem<TKDX2DItem>,
   /// Intended: in document units, without the drawing scale; line type, shadow and gradient are not exported.
   void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
                 bool attrID) const override;
+  void WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWriting& aWriting) const override;
   TZORBase CenterPoint() const override;
 
   // State. Lengths are base points of paper. ----------------------------------------
@@ -131,9 +132,16 @@ class TKDXBaseFlow : public TStyledItem<TKDX2DItem>,
     StateCalc();
   }
   static Single HeldInterline(Single aValue);
-  void WriteSvgPart(TSvgList& svg, const TFlowElement& aPart, const TFlowBox& aBox, TZORExportSVG aExportType,
-                    Single aFactor, bool attrID) const;
-  void WriteSvgText(TSvgList& svg, const TFlowBox& aBox, TZORExportSVG aExportType, Single aFactor) const;
+  /// The lengths of the node as they are written: in document units, or in millimetres of paper.
+  struct TSvgFrame {
+    TFlowBox box;
+    Single width, height, pen;
+    double baseInText;  ///< base points in one of what the places of the lines count in
+  };
+  void WriteSvgFrame(TSvgList& svg, const TSvgFrame& aFrame, const TSvgWriting& aWriting) const;
+  void WriteSvgPart(TSvgList& svg, const TFlowElement& aPart, const TSvgFrame& aFrame,
+                    const TSvgWriting& aWriting) const;
+  void WriteSvgText(TSvgList& svg, const TSvgFrame& aFrame, const TSvgWriting& aWriting) const;
 };
 
 }  // namespace Zor::inline F2d

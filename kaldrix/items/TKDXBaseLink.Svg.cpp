@@ -70,18 +70,31 @@ void TKDXBaseLink::Arrow(const TZORBase& a, const TZORBase& b, int aPos, int aPo
 
 void TKDXBaseLink::WriteSVG(TSvgList& svg, TSvgList& /*defs*/, TZORExportSVG aExportType, Single aFactor,
                             bool attrID) const {
+  // Intended: the ends of a chain and the controls of a curve stand in millimetres of the drawn object, the
+  // inner points of a chain and the size of the marks in document units, and so do the pens of some forms;
+  // everything else stands in millimetres of paper.
+  const TSvgFrame frame{BaseInMM, UnitFacts(fOwner->fUnits).basePoints, fOwner->BaseValue(GetPenWidth()),
+                        fOwner->GetVal(fOwner->fSettings->fTermSize, false)};
+  WriteSvgFrame(svg, frame, {aExportType, aFactor, attrID});
+}
+
+void TKDXBaseLink::WritePaperSVG(TSvgList& svg, TSvgList& /*defs*/, const TSvgWriting& aWriting) const {
+  const double paper = fOwner->PaperFactor();
+  WriteSvgFrame(svg, {paper, paper, GetPenWidth(), GetBaseValue(fOwner->fSettings->fTermSize)}, aWriting);
+}
+
+void TKDXBaseLink::WriteSvgFrame(TSvgList& svg, const TSvgFrame& aFrame, const TSvgWriting& aWriting) const {
   if (!TakeEnds()) return;
   const TLinkForm form = Form();
   if (form == lfNone) return;
-  svg.push_back(SvgStroke(form, aExportType, aFactor, attrID));
-  const Single size = fOwner->GetVal(fOwner->fSettings->fTermSize, false);
+  svg.push_back(SvgStroke(form, aFrame, aWriting));
   for (const TLinkTerm& term : Terms()) {
     if (term.type == ttNone) continue;
     const double x = term.isArc ? term.direction : FromBase(term.from.X);
     const double y = term.isArc ? 0 : FromBase(term.from.Y);
-    svg.push_back(TExSVG::DrawTerm(term.type, aExportType, FromBase(term.tip.X), FromBase(term.tip.Y), x, y,
-                                   GetPenWidth(), aFactor, size, term.color, term.fill, TermOpen,
-                                   term.isArc));
+    svg.push_back(TExSVG::DrawTerm(term.type, aWriting.type, FromBase(term.tip.X), FromBase(term.tip.Y), x, y,
+                                   GetPenWidth(), aWriting.factor, aFrame.termSize, term.color, term.fill,
+                                   TermOpen, term.isArc));
   }
 }
 
@@ -90,7 +103,7 @@ namespace {
 /// How a form is written, by ordinal of TLinkForm.
 struct TSvgForm {
   std::string_view tag, data;
-  bool scaledPen;  ///< Intended: the pen in document units; that of the others in millimetres.
+  bool framePen;  ///< the pen is that of the frame; that of the others is in millimetres
 };
 constexpr std::array<TSvgForm, 6> SvgForms{{
     {},                                 // lfNone
@@ -104,27 +117,27 @@ static_assert(SvgForms.size() == lfRound + 1);
 
 }  // namespace
 
-std::string TKDXBaseLink::SvgStroke(TLinkForm aForm, TZORExportSVG aExportType, Single aFactor,
-                                    bool attrID) const {
+std::string TKDXBaseLink::SvgStroke(TLinkForm aForm, const TSvgFrame& aFrame,
+                                    const TSvgWriting& aWriting) const {
   const TSvgForm& form = SvgForms[aForm];
-  TSvgElement out(aExportType, aFactor);
-  out.Raw(form.tag).Raw(GetSVGID(attrID)).Raw(form.data);
-  WriteShape(out, aForm);
+  TSvgElement out(aWriting.type, aWriting.factor);
+  out.Raw(form.tag).Raw(GetSVGID(aWriting.ids)).Raw(form.data);
+  WriteShape(out, aForm, aFrame);
   out.Raw("\" ").Stroke(fColor);
   if (aForm == lfChain || aForm == lfArc || aForm == lfRound) out.Raw(" fill=\"none\"");
-  out.Raw(" stroke-width=\"")
-      .Pen(form.scaledPen ? fOwner->BaseValue(GetPenWidth()) : GetPenWidth())
-      .Raw("\"");
+  out.Raw(" stroke-width=\"").Pen(form.framePen ? aFrame.pen : GetPenWidth()).Raw("\"");
   if (aForm == lfCurve) out.Raw(" fill=\"transparent\"");
   out.Dash(fLineType);
   if (aForm == lfRound) out.Raw(TExSVG::GetCap(true));
   return out.Raw("/>").Take();
 }
 
-void TKDXBaseLink::WriteShape(TSvgElement& out, TLinkForm aForm) const {
-  // Intended: the ends of a chain and the controls of a curve stand in millimetres of the drawn object, the
-  // inner points of a chain in document units; everything else in millimetres of paper.
-  const auto drawn = [](Int64 aBase) { return static_cast<double>(aBase) / BaseInMM; };
+void TKDXBaseLink::WriteShape(TSvgElement& out, TLinkForm aForm, const TSvgFrame& aFrame) const {
+  const auto drawn = [&](Int64 aBase) { return static_cast<double>(aBase) / aFrame.baseInEnd; };
+  // A single, as all values in document units.
+  const auto inner = [&](Int64 aBase) {
+    return static_cast<Single>(static_cast<double>(aBase) / aFrame.baseInInner);
+  };
   const auto paper = [this](Int64 aBase) { return double{FromBase(aBase)}; };
   const auto atAngle = [&](double aAngle) -> TSvgElement& {
     return out.Pair(XFromBaseAngle(fCx, fRadio, aAngle), YFromBaseAngle(fCy, fRadio, aAngle));
@@ -133,7 +146,7 @@ void TKDXBaseLink::WriteShape(TSvgElement& out, TLinkForm aForm) const {
     case lfChain:
       out.Pair(drawn(p1.X), drawn(p1.Y));
       for (const TZORPto& p : fLinkPoints) {
-        out.Raw(" ").Pair(p.GetX(fOwner->fUnits), p.GetY(fOwner->fUnits));
+        out.Raw(" ").Pair(inner(p.bX), inner(p.bY));
       }
       out.Raw(" ").Pair(drawn(p2.X), drawn(p2.Y));
       break;

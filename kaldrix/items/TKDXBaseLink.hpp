@@ -100,6 +100,7 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
   void ReadJson(int aVersion, TJsonObject& aJson) override;
   void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
                 bool attrID) const override;
+  void WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWriting& aWriting) const override;
   /// Nothing while the document is reading: the nodes may not be there yet.
   void UpdateBounds() override;
   void RotateLeft() override;
@@ -143,8 +144,15 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
   bool IsStoredArc() const;
   bool PickLine(Int64 x, Int64 y, int gap) const;
   bool PickRound(Int64 x, Int64 y, int gap) const;
-  void WriteShape(TSvgElement& out, TLinkForm aForm) const;
-  std::string SvgStroke(TLinkForm aForm, TZORExportSVG aExportType, Single aFactor, bool attrID) const;
+  /// What the lengths are written in that do not stand in millimetres of paper anyway.
+  struct TSvgFrame {
+    double baseInEnd;    ///< base points in one, of the ends of a chain and the controls of a curve
+    double baseInInner;  ///< of the inner points of a chain
+    Single pen, termSize;
+  };
+  void WriteSvgFrame(TSvgList& svg, const TSvgFrame& aFrame, const TSvgWriting& aWriting) const;
+  void WriteShape(TSvgElement& out, TLinkForm aForm, const TSvgFrame& aFrame) const;
+  std::string SvgStroke(TLinkForm aForm, const TSvgFrame& aFrame, const TSvgWriting& aWriting) const;
 
   /// A route for two places of the ends.
   struct TKeptRoute {

@@ -89,15 +89,23 @@ void TKDXBaseRectangle::ReadJson(int aVersion, TJsonObject& aJson) {
 
 void TKDXBaseRectangle::WriteSVG(TSvgList& svg, TSvgList& /*defs*/, TZORExportSVG aExportType, Single aFactor,
                                  bool attrID) const {
+  svg.push_back(SvgRect({aExportType, aFactor, attrID}, GetMMRadio()));
+}
+
+void TKDXBaseRectangle::WritePaperSVG(TSvgList& svg, TSvgList& /*defs*/, const TSvgWriting& aWriting) const {
+  svg.push_back(SvgRect(aWriting, PaperRadio()));
+}
+
+std::string TKDXBaseRectangle::SvgRect(const TSvgWriting& aWriting, Single aRadius) const {
   const TZORRect& r = fBoundsRect;
-  TSvgElement rect(aExportType, aFactor);
-  rect.Raw("<rect").Raw(GetSVGID(attrID));
+  TSvgElement rect(aWriting.type, aWriting.factor);
+  rect.Raw("<rect").Raw(GetSVGID(aWriting.ids));
   rect.Raw(" x=\"").Val(GetMM(r.Left)).Raw("\" y=\"").Val(GetMM(r.Top));
   rect.Raw("\" width=\"").Val(GetMM(r.GetWidth())).Raw("\" height=\"").Val(GetMM(r.GetHeight())).Raw("\" ");
-  if (fRadio != 0) rect.Raw(" rx=\"").Val(GetMMRadio()).Raw("\" ");
+  if (fRadio != 0) rect.Raw(" rx=\"").Val(aRadius).Raw("\" ");
   rect.Fill(fBackColor, fFill).Raw(" ").Stroke(fColor);
   rect.Raw(" stroke-width=\"").Pen(GetPenWidth()).Raw("\"").Dash(fLineType).Raw("/>");
-  svg.push_back(rect.Take());
+  return rect.Take();
 }
 
 TZORBase TKDXBaseRectangle::CenterPoint() const {

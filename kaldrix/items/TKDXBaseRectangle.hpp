@@ -27,6 +27,8 @@ class TKDXBaseRectangle : public TStyledItem<TKDX2DItem>, public IZORWidthHeight
   void SetBaseRadio(int aBase) override;
   /// Millimetres. Intended: the drawing scale divides twice.
   Single GetMMRadio() const;
+  /// The radius that was set, millimetres of paper.
+  Single PaperRadio() const { return FromBase(fRadio); }
 
   // Operations of the classes -----------------------------------------------
 
@@ -36,12 +38,17 @@ class TKDXBaseRectangle : public TStyledItem<TKDX2DItem>, public IZORWidthHeight
   void ReadJson(int aVersion, TJsonObject& aJson) override;
   void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
                 bool attrID) const override;
+  void WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWriting& aWriting) const override;
   TZORBase CenterPoint() const override;
 
   int fRadio = 0;  ///< base points
 
  protected:
   void Record(TRecord& r) override;
+
+ private:
+  /// The radius in millimetres.
+  std::string SvgRect(const TSvgWriting& aWriting, Single aRadius) const;
 };
 
 }  // namespace Zor::inline F2d

@@ -5,24 +5,41 @@
 
 #include "kaldrix/items/TSvgElement.hpp"
 #include "kaldrix/items/TextPlacement.hpp"
+#include "kaldrix/platform/Format.hpp"
 
 namespace Zor::inline Text {
 
 namespace {
 
 // By ordinal of the alignments and of the angle.
+// Intended: a justified text has no anchor, but the blank that parts its neighbours.
 constexpr std::array<std::string_view, 4> Anchors{R"( text-anchor="start" )", R"( text-anchor="middle" )",
-                                                  R"( text-anchor="end" )", ""};
+                                                  R"( text-anchor="end" )", " "};
 constexpr std::array<std::string_view, 3> Baselines{R"(alignment-baseline="text-before-edge" )",
                                                     R"(alignment-baseline="central" )",
                                                     R"(alignment-baseline="text-after-edge" )"};
 constexpr std::array<std::string_view, 4> Turns{"", "-90", "-180", "-270"};
 
+/// Opens a group that is cut at a rectangle in millimetres of paper. What it is cut by goes to the
+/// definitions under a name that says where it lies, so that equal ones are one.
+std::string OpenCut(const TRectF& aRect, TSvgList& defs, const TSvgWriting& aWriting) {
+  std::string name = "kaldrix-cut";
+  TSvgElement path(aWriting.type, aWriting.factor);
+  path.Raw("<rect x=\"").Val(aRect.Left).Raw("\" y=\"").Val(aRect.Top);
+  path.Raw("\" width=\"").Val(aRect.Width()).Raw("\" height=\"").Val(aRect.Height()).Raw("\"/>");
+  for (const Single value : {aRect.Left, aRect.Top, aRect.Right, aRect.Bottom}) {
+    name += '_';
+    TExSVG::AppendVal(name, value, aWriting.factor, aWriting.type);
+  }
+  defs.push_back("<clipPath id=\"" + name + "\">" + path.Take() + "</clipPath>");
+  return "<g clip-path=\"url(#" + name + ")\">";
+}
+
 }  // namespace
 
-void TKDXBaseText::WriteSvgBack(TSvgList& svg, TZORExportSVG aExportType, Single aFactor) const {
-  const TZORRect& r = fBoundsRect;
-  TSvgElement rect(aExportType, aFactor);
+void TKDXBaseText::WriteSvgBack(TSvgList& svg, const TZORRect& aRect, const TSvgWriting& aWriting) const {
+  const TZORRect& r = aRect;
+  TSvgElement rect(aWriting.type, aWriting.factor);
   rect.Raw("<rect x=\"").Val(GetMM(r.Left)).Raw("\" y=\"").Val(GetMM(r.Top));
   rect.Raw("\" width=\"").Val(GetMM(r.GetWidth())).Raw("\" height=\"").Val(GetMM(r.GetHeight())).Raw("\" ");
   // The radius is written alike in every mode, as pens are.
@@ -34,22 +51,44 @@ void TKDXBaseText::WriteSvgBack(TSvgList& svg, TZORExportSVG aExportType, Single
 
 void TKDXBaseText::WriteSVG(TSvgList& svg, TSvgList& /*defs*/, TZORExportSVG aExportType, Single aFactor,
                             bool attrID) const {
-  if (fPenWidth > 0 || fFill) WriteSvgBack(svg, aExportType, aFactor);
-  Single x = GetPointMMX(1), y = GetPointMMY(1);
+  const TSvgWriting writing{aExportType, aFactor, attrID};
+  if (fPenWidth > 0 || fFill) WriteSvgBack(svg, fBoundsRect, writing);
   // Intended: the padding goes through the drawing scale, though it is a length on paper.
-  AdjustPos(FromBase(fPaddingX), FromBase(fPaddingY), fHorzAlign, fVertAlign, fAngle, x, y);
-  TSvgElement text(aExportType, aFactor);
-  text.Raw("<text").Raw(GetSVGID(attrID));
-  // The x is taken back through the scale of the glyphs.
-  text.Raw(" x=\"").Val(double{x} / fScaleX).Raw("\" y=\"").Val(y);
+  svg.push_back(SvgText(writing, FromBase(fPaddingX), FromBase(fPaddingY)));
+}
+
+void TKDXBaseText::WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWriting& aWriting) const {
+  const TZORRect shown = GetDisplayBoundsRect();
+  if (fPenWidth > 0 || fFill) WriteSvgBack(svg, shown, aWriting);
+  std::string text = SvgText(aWriting, GetPaddingX(), GetPaddingY());
+  if (HasDisplayLimit()) {
+    const TRectF paper{GetMM(shown.Left), GetMM(shown.Top), GetMM(shown.Right), GetMM(shown.Bottom)};
+    text = OpenCut(paper, defs, aWriting) + text + "</g>";
+  }
+  svg.push_back(std::move(text));
+}
+
+std::string TKDXBaseText::SvgText(const TSvgWriting& aWriting, Single aPaddingX, Single aPaddingY) const {
+  const bool portable = aWriting.text == stPortable;
+  Single x = GetPointMMX(1), y = GetPointMMY(1);
+  AdjustPos(aPaddingX, aPaddingY, fHorzAlign, fVertAlign, fAngle, x, y);
+  TSvgElement text(aWriting.type, aWriting.factor);
+  text.Raw("<text").Raw(GetSVGID(aWriting.ids));
+  // The x is taken back through the scale of the glyphs. The baseline lies below y before the turn about it.
+  text.Raw(" x=\"").Val(double{x} / fScaleX).Raw("\" y=\"");
+  text.Val(portable ? y + BelowAnchor(fVertAlign, fAscent, fDescent) / BaseInMM : double{y});
   text.Raw("\" font-family=\"").Escaped(fFontName).Raw(TExSVG::GetTextStyle(fBold, fItalic, fUnderline));
   text.Raw("\" font-size=\"").Val(fFontHeight / BaseInMM * fRatio).Raw("\" ").Fill(fFontColor, true);
-  text.Raw(" xml:space=\"preserve\"").Raw(Anchors[fHorzAlign]).Raw(Baselines[fVertAlign]);
+  text.Raw(" xml:space=\"preserve\"").Raw(Anchors[fHorzAlign]);
+  if (!portable) text.Raw(Baselines[fVertAlign]);
   text.Raw(" transform=\"");
   if (fAngle != ag0) text.Raw("rotate(").Raw(Turns[fAngle]).Raw(" ").Val(x).Raw(" ").Val(y).Raw(") ");
-  text.Raw("scale(").Raw(TExSVG::GetVal(fScaleX, 1.0, aExportType)).Raw(", 1)\">");
+  // What x was divided by: rounded, it would move a text far from the origin.
+  const bool fine = portable && fScaleX != 1;
+  text.Raw("scale(").Raw(fine ? FormatFixed(fScaleX, 4) : TExSVG::GetVal(fScaleX, 1.0, aWriting.type));
+  text.Raw(", 1)\">");
   text.Escaped(fText).Raw("</text>");
-  svg.push_back(text.Take());
+  return text.Take();
 }
 
 }  // namespace Zor::inline Text

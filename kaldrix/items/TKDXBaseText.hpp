@@ -124,6 +124,9 @@ class TKDXBaseText : public TDataItem<TKDXBaseItem>,
   void ReadJson(int aVersion, TJsonObject& aJson) override;
   void WriteSVG(TSvgList& svg, TSvgList& defs, TZORExportSVG aExportType, Single aFactor,
                 bool attrID) const override;
+  /// With the padding as it was set and, under a display width, a background of that width and the text cut
+  /// at it.
+  void WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWriting& aWriting) const override;
   void UpdateBounds() override;
   /// Raises EArgumentException for a value of more than MostValue bytes, which would take seconds to measure.
   void FillData(bool aFirst) override;
@@ -168,7 +171,9 @@ class TKDXBaseText : public TDataItem<TKDXBaseItem>,
   void SetPadding(int& aField, Single aMM);
   /// Makes dText and aIsData from text and binding.
   void UpdateBinding();
-  void WriteSvgBack(TSvgList& svg, TZORExportSVG aExportType, Single aFactor) const;
+  void WriteSvgBack(TSvgList& svg, const TZORRect& aRect, const TSvgWriting& aWriting) const;
+  /// The text element; the padding in millimetres.
+  std::string SvgText(const TSvgWriting& aWriting, Single aPaddingX, Single aPaddingY) const;
 };
 
 }  // namespace Zor::inline Text

@@ -114,6 +114,10 @@ TSegmentText<T> Converted(const TSegmentText<double>& p, TConvert aConvert) {
 
 }  // namespace
 
+double BelowAnchor(TZORVertAlign vAlign, double ascent, double descent) {
+  return vAlign == vaTop ? ascent : vAlign == vaBottom ? -descent : (ascent - descent) / 2;
+}
+
 void AdjustRect(TZORRect& aRect, TZORHorzAlign hAlign, TZORVertAlign vAlign, TZORAngle aAngle) {
   Adjust(aRect, aRect.GetWidth(), aRect.GetHeight(), hAlign, vAlign, aAngle);
 }

@@ -21,6 +21,10 @@ struct TTextFlow {
 inline constexpr std::array<TTextFlow, 4> TextFlows{
     {{true, 1, 1}, {false, -1, 1}, {true, -1, -1}, {false, 1, -1}}};
 
+/// How far below its anchor the baseline of a text lies that hangs by its top, middle or bottom; in the unit
+/// of ascent and descent.
+double BelowAnchor(TZORVertAlign vAlign, double ascent, double descent);
+
 /// Places a rectangle that stands with its top left corner on the anchor, in the size that the content has at
 /// ag0: turns the size and moves the rectangle to the side of the anchor that the alignments tell. Halves are
 /// truncated in base points. Intended: haJustify leaves the rectangle alone at all angles but ag0.

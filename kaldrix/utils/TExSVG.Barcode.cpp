@@ -13,6 +13,8 @@ constexpr std::array<std::string_view, 4> Hangs{
     R"( alignment-baseline="text-before-edge" text-anchor="middle" )",
     R"( alignment-baseline="text-before-edge" text-anchor="end" )",
     R"( alignment-baseline="text-before-edge")", ""};
+constexpr std::array<std::string_view, 4> Anchors{R"( text-anchor="middle")", R"( text-anchor="end")", "",
+                                                  ""};
 constexpr std::array<std::string_view, 4> Turns{"", "-90", "-180", "-270"};
 
 /// The elements of one entry, in one export mode.
@@ -63,7 +65,8 @@ void TExSVG::AppendBars(std::string& aOut, std::span<const TBarRect> aBars, TAlp
 
 std::string TExSVG::Barcode(const IZORBarcode& aBarcode, TAlphaColor aColor, Int64 aWi, Int64 aDS,
                             const AnsiString& aPCode, std::string_view aDrPCode, double aFactor, double aPosX,
-                            double aPosY, double aPadX, double aPadY, double aRat, TZORExportSVG aExport) {
+                            double aPosY, double aPadX, double aPadY, double aRat, TZORExportSVG aExport,
+                            std::optional<double> aAscent) {
   const TBarcodeLayout layout =
       LayOutBarcode(aBarcode, {aWi, aDS, aPosX, aPosY, aPadX, aPadY}, aPCode.Bytes(), aDrPCode);
   std::string out;
@@ -73,10 +76,11 @@ std::string TExSVG::Barcode(const IZORBarcode& aBarcode, TAlphaColor aColor, Int
   TEntry entry(out, aFactor, aExport);
   for (const TBarText& text : layout.texts) {
     entry.Begin("<text x=\"");
-    entry.Val(text.x).Raw("\" y=\"").Val(text.y);
+    const double below = aAscent && text.hang != bhBaseline ? *aAscent : 0;
+    entry.Val(text.x).Raw("\" y=\"").Val(text.y + below);
     entry.Raw("\" font-family=\"").Escaped(aBarcode.GetFontName());
     entry.Raw("\" font-size=\"").Val(static_cast<double>(aBarcode.GetFontHeight()) * aRat);
-    entry.Raw("\" ").Raw(fill).Raw(Hangs[text.hang]);
+    entry.Raw("\" ").Raw(fill).Raw(aAscent ? Anchors[text.hang] : Hangs[text.hang]);
     if (angle != ag0) {
       entry.Raw(" transform=\"rotate(").Raw(Turns[angle]).Raw(" ");
       entry.Val(layout.turnX).Raw(" ").Val(layout.turnY).Raw(")\" ");

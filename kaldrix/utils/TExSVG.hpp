@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -97,11 +98,12 @@ class TExSVG {
   /// The elements of a linear barcode, joined by CR LF: a rect a bar, then the texts. `aWi` is the length of
   /// the symbol along its text in base points of the drawn object, `aDS` the drawing scale, `aPCode` the
   /// prepared code and `aDrPCode` its pattern. The anchor and the padding are millimetres of paper, `aRat` is
-  /// font size to font height.
+  /// font size to font height. With `aAscent`, millimetres, the texts stand on their baseline and name no
+  /// edge.
   static std::string Barcode(const IZORBarcode& aBarcode, TAlphaColor aColor, Int64 aWi, Int64 aDS,
                              const AnsiString& aPCode, std::string_view aDrPCode, double aFactor,
                              double aPosX, double aPosY, double aPadX, double aPadY, double aRat,
-                             TZORExportSVG aExport);
+                             TZORExportSVG aExport, std::optional<double> aAscent = std::nullopt);
 };
 
 }  // namespace Zor::inline Utils
