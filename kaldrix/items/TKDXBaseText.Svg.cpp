@@ -69,25 +69,27 @@ void TKDXBaseText::WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWritin
 }
 
 std::string TKDXBaseText::SvgText(const TSvgWriting& aWriting, Single aPaddingX, Single aPaddingY) const {
+  // By ordinal of the alignment: how much of the text stands before its anchor.
+  constexpr std::array<double, 4> before{0, 0.5, 1, 0};
   const bool portable = aWriting.text == stPortable;
+  // Some readers place a stretched text by its width without the stretch: it begins where it was measured to.
+  const bool begins = portable && fScaleX != 1;
   Single x = GetPointMMX(1), y = GetPointMMY(1);
   AdjustPos(aPaddingX, aPaddingY, fHorzAlign, fVertAlign, fAngle, x, y);
   TSvgElement text(aWriting.type, aWriting.factor);
   text.Raw("<text").Raw(GetSVGID(aWriting.ids));
-  // The x is taken back through the scale of the glyphs. The baseline lies below y before the turn about it.
-  text.Raw(" x=\"").Val(double{x} / fScaleX).Raw("\" y=\"");
-  text.Val(portable ? y + BelowAnchor(fVertAlign, fAscent, fDescent) / BaseInMM : double{y});
+  // The x is taken back through the scale of the glyphs. Baseline and beginning are told before the turn.
+  text.Raw(" x=\"").Val((x - (begins ? before[fHorzAlign] * fWidth / BaseInMM : 0)) / fScaleX);
+  text.Raw("\" y=\"").Val(y + (portable ? BelowAnchor(fVertAlign, fAscent, fDescent) / BaseInMM : 0));
   text.Raw("\" font-family=\"").Escaped(fFontName).Raw(TExSVG::GetTextStyle(fBold, fItalic, fUnderline));
   text.Raw("\" font-size=\"").Val(fFontHeight / BaseInMM * fRatio).Raw("\" ").Fill(fFontColor, true);
-  text.Raw(" xml:space=\"preserve\"").Raw(Anchors[fHorzAlign]);
+  text.Raw(" xml:space=\"preserve\"").Raw(Anchors[begins ? haLeft : fHorzAlign]);
   if (!portable) text.Raw(Baselines[fVertAlign]);
   text.Raw(" transform=\"");
   if (fAngle != ag0) text.Raw("rotate(").Raw(Turns[fAngle]).Raw(" ").Val(x).Raw(" ").Val(y).Raw(") ");
   // What x was divided by: rounded, it would move a text far from the origin.
-  const bool fine = portable && fScaleX != 1;
-  text.Raw("scale(").Raw(fine ? FormatFixed(fScaleX, 4) : TExSVG::GetVal(fScaleX, 1.0, aWriting.type));
-  text.Raw(", 1)\">");
-  text.Escaped(fText).Raw("</text>");
+  text.Raw("scale(").Raw(begins ? FormatFixed(fScaleX, 4) : TExSVG::GetVal(fScaleX, 1.0, aWriting.type));
+  text.Raw(", 1)\">").Escaped(fText).Raw("</text>");
   return text.Take();
 }
 

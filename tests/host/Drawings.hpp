@@ -107,10 +107,9 @@ inline void AddShapes(TGrid& g) {
   g.Next();
 }
 
-/// Apart from the others, since its radius shrinks with the drawing scale twice.
 inline void AddRounded(TGrid& g) {
   auto* rect = g.Doc().NewRectangle(g.X(3), g.Y(5), g.Base(14), g.Base(10));
-  Styled(Filled(rect, 0xFFFFC0C0), ColorBlack, 0.5F)->fRadio = 3000;
+  Styled(Filled(rect, 0xFFFFC0C0), ColorBlack, 0.5F)->fRadio = static_cast<int>(g.Base(3));
   g.Next();
 }
 
@@ -157,6 +156,23 @@ inline void AddDressedTexts(TGrid& g, bool underlined) {
       text->fPenWidth = 500;
       text->fRadio = 1000;
       text->CalcValues(1);
+      g.Next();
+    }
+  }
+}
+
+/// Texts cut at a display width, in every direction and from every end.
+inline void AddCutTexts(TGrid& g) {
+  for (const TZORAngle angle : {ag0, ag90, ag180, ag270}) {
+    for (const TZORHorzAlign horz : {haLeft, haCenter, haRight}) {
+      auto* text = AddText(g, "EHEHEHEH");
+      text->fAngle = angle;
+      text->fHorzAlign = horz;
+      text->fPaddingX = 500;
+      text->fFill = true;
+      text->fBackColor = 0xFFFFFF80;
+      text->CalcValues(1);
+      text->SetDispWidth(7000);
       g.Next();
     }
   }

@@ -80,12 +80,43 @@ TEST(Export, ScaleAndUnitsLeaveThePictureAlone) {
     AddStrokes(grid);
     AddShapes(grid);
     AddTexts(grid);
-    SetLabelMM(*doc, 160, 140);
+    AddRounded(grid);
+    AddDressedTexts(grid, true);
+    AddCutTexts(grid);
+    SetLabelMM(*doc, 160, 180);
   }
   EXPECT_EQ(Strangers(Png(plain), Png(scaled)), 0);
   const std::string svg = ExportSvg(scaled, {});
   EXPECT_EQ(Elements(ExportSvg(plain, {})), Elements(svg));
-  EXPECT_NE(svg.find("width=\"6.30in\" height=\"5.51in\" viewBox=\"0 0 160 140\""), std::string::npos);
+  EXPECT_NE(svg.find("width=\"6.30in\" height=\"7.09in\" viewBox=\"0 0 160 180\""), std::string::npos);
+}
+
+TEST(Export, SizeAndViewBoxOfAnSvgAreOneSpace) {
+  TKDXLabel doc;
+  doc.fMeasure->fWidth = 101600;
+  doc.fMeasure->fHeight = 152400;
+  const auto root = [&doc](TZORUnits unit, TZORExportSVG mode, Single factor) {
+    doc.SetUnits(unit);
+    TExportOptions options;
+    options.svgMode = mode;
+    options.factor = factor;
+    const std::string svg = ExportSvg(doc, options);
+    EXPECT_EQ(svg, doc.SVG(mode, factor, false));
+    const std::size_t from = svg.find("width=");
+    return svg.substr(from, svg.find('>') - from);
+  };
+  const Single px = 96 / 25.4F;
+  EXPECT_EQ(root(unINCH, svCurrentUnit, 1), R"(width="4in" height="6in" viewBox="0 0 101.60 152.40")");
+  EXPECT_EQ(root(unCM, svCurrentUnit, 1), R"(width="10.16cm" height="15.24cm" viewBox="0 0 101.60 152.40")");
+  for (const TZORUnits unit : {unMM, unINCH, unCM}) {
+    EXPECT_EQ(root(unit, svCurUnitNoMed, 1), R"(width="101.6" height="152.4" viewBox="0 0 101.60 152.40")");
+    EXPECT_EQ(root(unit, svFactorPx, px).substr(0, 29), R"(width="384.00" height="576.00)");
+  }
+  EXPECT_EQ(root(unINCH, svFactor, 2), R"(width="8in" height="12in" viewBox="0 0 203.20 304.80")");
+  for (const int inches : {3, 6, 12}) {
+    doc.fMeasure->fWidth = inches * 25400;
+    EXPECT_EQ(root(unINCH, svCurrentUnit, 1).find("width=\"" + std::to_string(inches) + "in\""), 0U);
+  }
 }
 
 TEST(Export, TextsAreMeasuredByTheFontsOfTheDocument) {

@@ -9,6 +9,7 @@
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "support/TTestFile.hpp"
+#include "tests/host/Rendered.hpp"
 
 namespace Zor {
 namespace {
@@ -57,9 +58,37 @@ TEST_F(LabelRun, SheetsShowTheirRecordsAndCounters) {
     EXPECT_EQ(Sheet(2), "D 4 fixed D 5 fixed ");
   }
   EXPECT_THROW(Sheet(3), EArgumentOutOfRangeException);
-  EXPECT_EQ(Texts(ExportSvg(doc, {})), "Name No fixed ") << "one label shows the design";
+  EXPECT_EQ(Texts(ExportSvg(doc, {})), "D 5 fixed ") << "one label shows where the walk stands";
   doc.SetLabelRange(4, 4);
   EXPECT_EQ(Sheet(1), "D 4 fixed ");
+}
+
+/// What one label shows of open data is the same in every form, and leaves the document as it was.
+TEST_F(LabelRun, OneLabelShowsTheCurrentRecordInEveryForm) {
+  doc.fData->SetJson(R"({"rows": [{"n": "MMMM"}, {"n": "i"}]})");
+  doc.fData->Select(dtyJson);
+  Bind("{n");
+  auto* code = doc.NewQRCode(1000, 12000, "design");
+  code->SetData(ftNone, "{n", "");
+  doc.CalcPending();
+  const std::string json = doc.SaveToBytes(lfJSON);
+  EXPECT_EQ(Texts(doc.SVG(svCurrentUnit, 1, false)), "n ") << "no data is open";
+  TExportOptions options;
+  options.fit = true;
+  const auto size = [&] { return Testing::FromPng(ExportPng(doc, options), 300).picture.width; };
+  doc.CheckPrintData();
+  const int identity = doc.fMaxID;
+  EXPECT_EQ(Texts(doc.SVG(svCurrentUnit, 1, false)), "MMMM ");
+  EXPECT_EQ(Texts(ExportSvg(doc, {})), "MMMM ");
+  const int wide = size();
+  const std::string first = ExportPdf(doc, {});
+  doc.NextData();
+  EXPECT_EQ(Texts(doc.SVG(svCurrentUnit, 1, false)), "i ");
+  EXPECT_LT(size(), wide);
+  EXPECT_NE(ExportPdf(doc, {}), first);
+  EXPECT_EQ(doc.SaveToBytes(lfJSON), json);
+  EXPECT_EQ(doc.fMaxID, identity);
+  EXPECT_TRUE(doc.fPreview.IsEmpty());
 }
 
 TEST_F(LabelRun, LabelsBesideThePaperCount) {

@@ -3,12 +3,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "support/TBareLabel.hpp"
+#include "support/TTestFile.hpp"
 
 namespace Zor {
 namespace {
+
+using namespace std::string_view_literals;
 
 struct TKind {
   const char* name;
@@ -363,51 +367,123 @@ TEST_P(ItemContract, FarCoordinatesDoNoHarm) {
 
 // SVG -------------------------------------------------------------------------------
 
-/// Whether tags and quotes of the text close in order. Enough for what a writer of attributes can get wrong.
-bool IsWellFormed(const std::string& aText) {
-  std::vector<std::string> open;
-  std::size_t at = 0;
-  while ((at = aText.find_first_of("<>&", at)) != std::string::npos) {
-    if (aText[at] == '&') {
-      const std::size_t end = aText.find(';', at);
-      if (end == std::string::npos || end - at > 6) return false;
-      at = end + 1;
-      continue;
+/// Drawings of one item in many states, for one run of an XML parser that reads them all.
+class TSvgPile {
+ public:
+  explicit TSvgPile(TBareLabel& aDoc) : fDoc(aDoc) {}
+
+  /// The document in every way in which it is written, and the elements of the item alone.
+  void Add(const TKDXBaseItem& aItem) {
+    for (const TZORExportSVG mode : {svCurrentUnit, svCurUnitNoMed, svFactor, svFactorPx}) {
+      for (const bool ids : {false, true}) {
+        TSvgList svg, defs;
+        aItem.WriteSVG(svg, defs, mode, 3.78F, ids);
+        for (const std::string& line : svg) (fText += line) += '\n';
+        for (const TSvgTextForm text : {stExact, stPortable}) {
+          fText += fDoc.SVG({mode, 3.78F, ids, text}, fDoc.SvgWindow());
+        }
+      }
     }
-    if (aText[at] == '>') return false;
-    bool quoted = false;
-    std::size_t end = at + 1;
-    for (; end < aText.size() && (quoted || aText[end] != '>'); ++end) {
-      if (aText[end] == '"') quoted = !quoted;
-      if (aText[end] == '<') return false;
-    }
-    if (end == aText.size()) return false;
-    const std::string tag = aText.substr(at + 1, end - at - 1);
-    const std::string name = tag.substr(0, tag.find_first_of(" /", 1));
-    if (tag.front() == '/') {
-      if (open.empty() || "/" + open.back() != name) return false;
-      open.pop_back();
-    } else if (tag.back() != '/') {
-      open.push_back(name);
-    }
-    at = end + 1;
   }
-  return open.empty();
+  /// What the parser has against them.
+  std::string Complaints() const {
+    const TTestFile file("<all>\n" + fText + "</all>\n");
+    FILE* parser = popen(("xmllint --noout --huge " + file.Name() + " 2>&1 | head -20").c_str(), "r");
+    std::string told;
+    for (int c = std::fgetc(parser); c != EOF; c = std::fgetc(parser)) told += static_cast<char>(c);
+    pclose(parser);
+    return told;
+  }
+  const std::string& Text() const { return fText; }
+
+ private:
+  TBareLabel& fDoc;
+  std::string fText;
+};
+
+/// What no XML may hold as it is, in and beyond UTF-8.
+const std::string Nasty("<&\">' ]]> &amp; \x01\x1F\x7F\t\r\n\xC3\xA9\xEF\xBF\xBE\xFF\xC3\0end"sv);
+
+/// Calls `aVisit` after every change of what turns, aligns and ends the item.
+template <class TVisit>
+void PlaceEveryWay(TKDXBaseItem& aItem, TVisit aVisit) {
+  for (const TZORAngle angle : {ag0, ag90, ag180, ag270}) {
+    With<IZORAngle>(aItem, [&](auto& a) { a.SetAngle(angle); });
+    for (const TZORHorzAlign horz : {haLeft, haCenter, haRight, haJustify}) {
+      for (const TZORVertAlign vert : {vaTop, vaCenter, vaBottom}) {
+        const bool first = angle == ag0 && horz == haLeft && vert == vaTop;
+        if (!first && dynamic_cast<IZORAngle*>(&aItem) == nullptr) continue;
+        With<IZORAlign>(aItem, [&](auto& a) {
+          a.SetHorzAlign(horz);
+          a.SetVertAlign(vert);
+        });
+        aVisit();
+      }
+    }
+  }
 }
 
-TEST_P(ItemContract, SvgIsWellFormedInEveryMode) {
-  Dress(*fItem);
+/// The same for looks: fills, lines, marks, styles and forms.
+template <class TVisit>
+void DressEveryWay(TKDXBaseItem& aItem, TVisit aVisit) {
+  for (int i = 0; i <= ttCross; ++i) {
+    With<IZORBack>(aItem, [&](auto& a) { a.SetFilled(i % 2 == 0); });
+    With<IZORStyle>(aItem, [&](auto& a) { a.SetLineType(static_cast<TZOLineType>(i % (ii411 + 1))); });
+    const auto mark = static_cast<TZORTermType>(i);
+    const auto end = [&](auto& a) {
+      a.SetFromType(mark);
+      a.SetToType(mark);
+    };
+    With<IZORSTerm>(aItem, end);
+    With<IZORSLink>(aItem, end);
+    With<IZORFont>(aItem, [&](auto& a) {
+      a.SetBold((i & 1) != 0);
+      a.SetItalic((i & 2) != 0);
+      a.SetUnderline((i & 4) != 0);
+    });
+    With<TKDXBaseFlow>(aItem, [&](auto& a) { a.SetFlowType(static_cast<TZORFlowType>(i)); });
+    With<TKDXBaseLink>(aItem, [&](auto& a) { a.SetLinkType(static_cast<TZOLinkType>(i % 8)); });
+    With<TKDXBaseText>(aItem, [&](auto& a) { a.SetDispWidth(1000 * i); });
+    aItem.SetColor(i % 3 == 0 ? 0x80FF4020 : ColorBlack);
+    aItem.SetPenWidth(i % 4 == 0 ? 0 : 0.35F);
+    aVisit();
+  }
+}
+
+TEST_P(ItemContract, SvgIsReadByAnXmlParserInEveryState) {
+  TSvgPile pile(fDoc);
   fItem->SetID("a \"b\" <c> & d");
-  for (const TZORExportSVG mode : {svCurrentUnit, svCurUnitNoMed, svFactor, svFactorPx}) {
-    for (const bool filled : {true, false}) {
-      With<IZORBack>(*fItem, [filled](auto& back) { back.SetFilled(filled); });
-      const std::string svg = fDoc.SVG(mode, 3.78F, true);
-      EXPECT_TRUE(IsWellFormed(svg)) << svg;
-      EXPECT_EQ(svg.find("nan"), std::string::npos) << svg;
-      // Intended: the many elements of a barcode carry no names.
-      const bool drawn = fItem->fItemType != itPoint && dynamic_cast<IZORBar1D2D*>(fItem) == nullptr;
-      EXPECT_EQ(svg.find("id=\"a&quot;b&quot;&lt;c&gt;&amp;d\"") != std::string::npos, drawn) << svg;
-    }
+  With<IZORText>(*fItem, [](auto& a) { a.SetText(Nasty); });
+  With<IZORFont>(*fItem, [](auto& a) { a.SetFontName(Nasty); });
+  With<TKDXBaseBarcode>(*fItem, [](auto& a) {
+    a.SetCodeType(btCODE128AUTO);
+    a.SetCode("<&\">'");
+  });
+  With<TKDXBaseFlow>(*fItem, [](auto& a) { a.aTxtPoints = {{1, 40, 2000, 0}}; });
+  const auto add = [&] {
+    fDoc.CalcPending();
+    pile.Add(*fItem);
+  };
+  PlaceEveryWay(*fItem, add);
+  DressEveryWay(*fItem, add);
+  EXPECT_EQ(pile.Complaints(), "");
+  EXPECT_EQ(pile.Text().find("nan"), std::string::npos);
+  // Intended: the many elements of a barcode carry no names.
+  const bool named = fItem->fItemType != itPoint && dynamic_cast<IZORBar1D2D*>(fItem) == nullptr;
+  EXPECT_EQ(pile.Text().find("id=\"a&quot;b&quot;&lt;c&gt;&amp;d\"") != std::string::npos, named);
+}
+
+/// The unit is that of what users type, not of the paper.
+TEST_P(ItemContract, SvgOfADocumentIsTheSameInEveryUnit) {
+  Dress(*fItem);
+  const auto elements = [this] {
+    const std::string svg = fDoc.SVG(svCurrentUnit, 1, true);
+    return svg.substr(svg.find('\n'));
+  };
+  const std::string expected = elements();
+  for (const TZORUnits unit : {unINCH, unCM}) {
+    fDoc.SetUnits(unit);
+    EXPECT_EQ(elements(), expected) << unit;
   }
 }
 

@@ -405,7 +405,7 @@ TEST_F(Text, SvgOfAFrameWithoutFillOnADrawingAt1To50) {
   EXPECT_EQ(svg[0], R"(<rect x="20" y="0" width="20" height="10"   fill="none"  stroke="#000000")"
                     R"( stroke-width="0.5"/>)");
   EXPECT_EQ(svg[1],
-            R"(<text x="20" y="10" font-family="Arial" font-size="10"  fill="#000000" xml:space="preserve")"
+            R"(<text x="20" y="10" font-family="Arial" font-size="10"  fill="#000000" xml:space="preserve" )"
             R"(alignment-baseline="text-after-edge" )"
             R"svg( transform="scale(1, 1)">abcd</text>)svg");
 }
