@@ -51,7 +51,7 @@ class TSheetSvg {
     std::string group = "<g id=\"" + std::string(BackName) + "\">";
     for (const std::string& line : svg) group += line;
     Define(group + "</g>");
-    fBack = "<use href=\"#" + std::string(BackName) + "\"/>\n";
+    fBack = "<use" + std::string(SvgLink) + "#" + std::string(BackName) + "\"/>\n";
   }
   void AddLabel(const TLabelCell& aCell) {
     fBody += "<g transform=\"translate(";

@@ -241,7 +241,7 @@ void TBackground::WriteImage(const TImage& aImage, TSvgList& svg, TZORExportSVG 
   element.Raw("\" width=\"").Val(aImage.width).Raw("\" height=\"").Val(aImage.height);
   element.Raw("\" preserveAspectRatio=\"none\"");
   if (aImage.cut) element.Raw(" clip-path=\"url(#").Raw(ShapeName).Raw(")\"");
-  element.Raw(" href=\"data:").Raw(MimeType(kind)).Raw(";base64,").Raw(EncodeBase64Line(aImage.bytes));
+  element.Raw(SvgLink).Raw("data:").Raw(MimeType(kind)).Raw(";base64,").Raw(EncodeBase64Line(aImage.bytes));
   svg.push_back(element.Raw("\"/>").Take());
 }
 

@@ -18,6 +18,10 @@ namespace Zor::inline Host {
 /// hole runs against the clock, so that filling leaves it out.
 TPath LabelShape(const TKDXMeasure& aMeasure);
 
+/// The attribute that names what an element shows, up to its value. SVG 2 has a shorter one, which not every
+/// reader knows.
+inline constexpr std::string_view SvgLink = R"( xmlns:xlink="http://www.w3.org/1999/xlink" xlink:href=")";
+
 /// `aPath` as the data of an SVG path.
 std::string PathData(const TPath& aPath, TZORExportSVG aType, double aFactor);
 

@@ -126,7 +126,8 @@ std::string TKDXBaseLink::SvgStroke(TLinkForm aForm, const TSvgFrame& aFrame,
   out.Raw("\" ").Stroke(fColor);
   if (aForm == lfChain || aForm == lfArc || aForm == lfRound) out.Raw(" fill=\"none\"");
   out.Raw(" stroke-width=\"").Pen(form.framePen ? aFrame.pen : GetPenWidth()).Raw("\"");
-  if (aForm == lfCurve) out.Raw(" fill=\"transparent\"");
+  // Readers that do not know the colour fill with black.
+  if (aForm == lfCurve) out.Raw(aWriting.text == stExact ? " fill=\"transparent\"" : " fill=\"none\"");
   out.Dash(fLineType);
   if (aForm == lfRound) out.Raw(TExSVG::GetCap(true));
   return out.Raw("/>").Take();

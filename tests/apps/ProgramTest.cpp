@@ -47,6 +47,8 @@ TEST_F(ProgramTest, TheSvgModesDiffer) {
       {"--svg-mode plain", "width=\"70\""},
       {"--svg-mode factor --factor 2", "width=\"140mm\""},
       {"--svg-mode px --factor 10", "width=\"700\""},
+      {"--svg-text exact", "alignment-baseline="},
+      {"", "y=\"10.58\""},
       {"--ids", "<rect id=\"Rectangle001\""},
   };
   for (const TCase& row : cases) {

@@ -277,9 +277,11 @@ TEST(Export, ImagesOfLayersLieWithinTheirMargins) {
   EXPECT_EQ(png.AtMM(34.5, 23.5), Red);
   EXPECT_EQ(png.AtMM(35.5, 15), ColorWhite);
   EXPECT_EQ(png.AtMM(20, 24.5), ColorWhite);
-  EXPECT_NE(ExportSvg(doc, {}).find("<image x=\"3\" y=\"4\" width=\"32\" height=\"20\" "
-                                    "preserveAspectRatio=\"none\" href=\"data:image/png;base64,"),
-            std::string::npos);
+  EXPECT_NE(
+      ExportSvg(doc, {}).find("<image x=\"3\" y=\"4\" width=\"32\" height=\"20\" "
+                              "preserveAspectRatio=\"none\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
+                              "xlink:href=\"data:image/png;base64,"),
+      std::string::npos);
   layer.fArrayB = "no picture";
   EXPECT_THROW(ExportPng(doc, At(100)), Exception);
   layer.fArrayB.clear();

@@ -110,6 +110,19 @@ TEST_P(Viewers, ShowASheet) {
   }
 }
 
+/// Browsers alone show the library's own text elements in their places.
+TEST_P(Viewers, ShowExactTextsIfTheyAreBrowsers) {
+  if (std::string_view(GetParam().name) != "Browser") GTEST_SKIP();
+  TKDXLabel doc;
+  SetLabelMM(doc, 160, 120);
+  TGrid grid(doc, 8);
+  AddTexts(grid);
+  AddDressedTexts(grid, false);
+  doc.NewBarcode(10000, 110000, "036000291452", btUPCA);
+  options.svgText = stExact;
+  Show(doc, 160, 120);
+}
+
 /// What counts in other units than the paper, and what is set in millimetres of paper, at once.
 TEST_P(Viewers, ShowADrawingInInchesAt1To50) {
   TKDXLabel doc;
