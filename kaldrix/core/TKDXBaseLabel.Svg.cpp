@@ -1,6 +1,8 @@
 // The document as SVG.
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
+#include <unordered_set>
+
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/core/TRecordCopies.hpp"
 #include "kaldrix/platform/Files.hpp"
@@ -14,6 +16,13 @@ void AppendLines(std::string& aOut, const TSvgList& aLines) {
   for (const std::string& line : aLines) (aOut += line) += '\n';
 }
 
+/// What items share is defined once.
+void Define(std::unordered_set<std::string>& aDefined, std::string& aOut, const TSvgList& aLines) {
+  for (const std::string& line : aLines) {
+    if (aDefined.insert(line).second) (aOut += line) += '\n';
+  }
+}
+
 }  // namespace
 
 std::string TKDXBaseLabel::SVG(TZORExportSVG aExportType, Single aFactor, bool attrID) {
@@ -24,10 +33,11 @@ std::string TKDXBaseLabel::SVG(const TSvgWriting& aWriting, const TSvgWindow& aW
   CalcPending();
   TRecordCopies copies(*this);
   std::string body, definitions;
+  std::unordered_set<std::string> defined;
   TSvgList svg, defs;
   const auto flush = [&] {
     AppendLines(body, svg);
-    AppendLines(definitions, defs);
+    Define(defined, definitions, defs);
     svg.clear();
     defs.clear();
   };

@@ -21,13 +21,13 @@ constexpr std::array<std::string_view, 3> Baselines{R"(alignment-baseline="text-
 constexpr std::array<std::string_view, 4> Turns{"", "-90", "-180", "-270"};
 
 /// Opens a group that is cut at a rectangle in millimetres of paper. What it is cut by goes to the
-/// definitions under a name that says where it lies, so that equal ones are one.
+/// definitions under a name made of its numbers, so that equal names are equal rectangles.
 std::string OpenCut(const TRectF& aRect, TSvgList& defs, const TSvgWriting& aWriting) {
   std::string name = "kaldrix-cut";
   TSvgElement path(aWriting.type, aWriting.factor);
   path.Raw("<rect x=\"").Val(aRect.Left).Raw("\" y=\"").Val(aRect.Top);
   path.Raw("\" width=\"").Val(aRect.Width()).Raw("\" height=\"").Val(aRect.Height()).Raw("\"/>");
-  for (const Single value : {aRect.Left, aRect.Top, aRect.Right, aRect.Bottom}) {
+  for (const Single value : {aRect.Left, aRect.Top, aRect.Width(), aRect.Height()}) {
     name += '_';
     TExSVG::AppendVal(name, value, aWriting.factor, aWriting.type);
   }
@@ -37,13 +37,13 @@ std::string OpenCut(const TRectF& aRect, TSvgList& defs, const TSvgWriting& aWri
 
 }  // namespace
 
-void TKDXBaseText::WriteSvgBack(TSvgList& svg, const TZORRect& aRect, const TSvgWriting& aWriting) const {
+void TKDXBaseText::WriteSvgBack(TSvgList& svg, const TZORRect& aRect, Single aRadius,
+                                const TSvgWriting& aWriting) const {
   const TZORRect& r = aRect;
   TSvgElement rect(aWriting.type, aWriting.factor);
   rect.Raw("<rect x=\"").Val(GetMM(r.Left)).Raw("\" y=\"").Val(GetMM(r.Top));
   rect.Raw("\" width=\"").Val(GetMM(r.GetWidth())).Raw("\" height=\"").Val(GetMM(r.GetHeight())).Raw("\" ");
-  // The radius is written alike in every mode, as pens are.
-  fRadio != 0 ? rect.Raw(" rx=\"").Pen(GetRadio()).Raw("\" ") : rect.Raw(" ");
+  fRadio != 0 ? rect.Raw(" rx=\"").Pen(aRadius).Raw("\" ") : rect.Raw(" ");
   fFill ? rect.Fill(fBackColor, true) : rect.Raw(" fill=\"none\" ");
   rect.Stroke(fColor).Raw(" stroke-width=\"").Pen(GetPenWidth()).Raw("\"/>");
   svg.push_back(rect.Take());
@@ -52,14 +52,17 @@ void TKDXBaseText::WriteSvgBack(TSvgList& svg, const TZORRect& aRect, const TSvg
 void TKDXBaseText::WriteSVG(TSvgList& svg, TSvgList& /*defs*/, TZORExportSVG aExportType, Single aFactor,
                             bool attrID) const {
   const TSvgWriting writing{aExportType, aFactor, attrID};
-  if (fPenWidth > 0 || fFill) WriteSvgBack(svg, fBoundsRect, writing);
-  // Intended: the padding goes through the drawing scale, though it is a length on paper.
+  // Intended: the radius is written alike in every mode, as pens are, and the padding goes through the
+  // drawing scale, though it is a length on paper.
+  if (fPenWidth > 0 || fFill) WriteSvgBack(svg, fBoundsRect, GetRadio(), writing);
   svg.push_back(SvgText(writing, FromBase(fPaddingX), FromBase(fPaddingY)));
 }
 
 void TKDXBaseText::WritePaperSVG(TSvgList& svg, TSvgList& defs, const TSvgWriting& aWriting) const {
   const TZORRect shown = GetDisplayBoundsRect();
-  if (fPenWidth > 0 || fFill) WriteSvgBack(svg, shown, aWriting);
+  const bool factored = aWriting.type == svFactor || aWriting.type == svFactorPx;
+  const Single radius = GetRadio() * (factored ? aWriting.factor : 1);
+  if (fPenWidth > 0 || fFill) WriteSvgBack(svg, shown, radius, aWriting);
   std::string text = SvgText(aWriting, GetPaddingX(), GetPaddingY());
   if (HasDisplayLimit()) {
     const TRectF paper{GetMM(shown.Left), GetMM(shown.Top), GetMM(shown.Right), GetMM(shown.Bottom)};

@@ -171,7 +171,8 @@ class TKDXBaseText : public TDataItem<TKDXBaseItem>,
   void SetPadding(int& aField, Single aMM);
   /// Makes dText and aIsData from text and binding.
   void UpdateBinding();
-  void WriteSvgBack(TSvgList& svg, const TZORRect& aRect, const TSvgWriting& aWriting) const;
+  /// The background; its radius as it is written.
+  void WriteSvgBack(TSvgList& svg, const TZORRect& aRect, Single aRadius, const TSvgWriting& aWriting) const;
   /// The text element; the padding in millimetres.
   std::string SvgText(const TSvgWriting& aWriting, Single aPaddingX, Single aPaddingY) const;
 };
