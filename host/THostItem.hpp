@@ -33,8 +33,22 @@ class THostItem<TKDXBaseBarcode> final : public TKDXBaseBarcode {
  public:
   using TKDXBaseBarcode::TKDXBaseBarcode;
   void CalcValues(int /*aType*/) override { Measure(FontsOf(*this), *this); }
+  /// What a user writes with application identifiers is read so.
+  bool GetElementString() const override { return true; }
   void DrawItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
   void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+};
+
+template <>
+class THostItem<TKDXBaseQRCode> final : public TKDXBaseQRCode {
+ public:
+  using TKDXBaseQRCode::TKDXBaseQRCode;
+  void DrawItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+  void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
+
+ protected:
+  /// The text as it was written: a reader shall find its accents.
+  std::string Taken(const std::string& aText) const override { return aText; }
 };
 
 template <>

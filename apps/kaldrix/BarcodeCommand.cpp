@@ -127,7 +127,6 @@ TKDXBaseItem& BarcodeCommand::MakeLinear(TKDXLabel& aDocument, const std::string
   item.SetCodeType(Kind().type);
   item.SetCheckSum(fCheck && !HasOwnCheckDigit(Kind().type));
   item.SetShowNumber(!fNoText);
-  item.SetElementString(true);
   item.SetCode(Completed(aText));
   return item;
 }
@@ -143,10 +142,6 @@ std::string BarcodeCommand::Completed(std::string aText) const {
 TKDXBaseItem& BarcodeCommand::MakeMatrix(TKDXLabel& aDocument, const std::string& aText) const {
   auto& item = Make<TModuleItem>(aDocument);
   if (fModule > 0 && Kind().item != itPDF417) item.SetBarHeight(fModule);
-  if (auto* qr = dynamic_cast<TKDXBaseQRCode*>(&item)) {
-    qr->SetExactCode(aText);
-    return item;
-  }
   if (auto* dataMatrix = dynamic_cast<TKDXBaseDataMatrix*>(&item)) dataMatrix->SetElementString(fGs1);
   std::string text;
   const bool doubled = Kind().item == itPDF417 && !fEscapes;

@@ -105,7 +105,7 @@ std::string TKDXBaseBarcode::ValueProblem() const {
     return ShownText(Value(*fOwner)) + " has characters that a barcode cannot hold";
   }
   const bool padding = fOwner->fPrintInfo->fPadCodes;
-  return ReadingOf(fCode.Bytes(), fCodeType, {fCheckSum, fIgnoreParentheses, padding, fElementString})
+  return ReadingOf(fCode.Bytes(), fCodeType, {fCheckSum, fIgnoreParentheses, padding, GetElementString()})
       .problem;
 }
 
@@ -173,7 +173,7 @@ void TKDXBaseBarcode::SetMeasured(int aAscent, int aDescent, int aPosUnderline, 
 }
 
 bool TKDXBaseBarcode::HasElementString() const {
-  return fElementString && IsGs1Type(fCodeType) && IsGs1Text(fCode.Bytes());
+  return GetElementString() && IsGs1Type(fCodeType) && IsGs1Text(fCode.Bytes());
 }
 
 bool TKDXBaseBarcode::IsCodeValid() const {

@@ -29,8 +29,8 @@ class TKDXBaseBarcode : public TBarItem, public IZORBarcode {
   bool GetIgnoreParentheses() const { return fIgnoreParentheses; }
   void SetIgnoreParentheses(bool aValue);
   /// Is a GS1-128 that begins with a parenthesis drawn as a GS1 element string, with its separators? Then the
-  /// text below keeps its parentheses. Off in a new item; not stored.
-  bool GetElementString() const { return fElementString; }
+  /// text below keeps its parentheses. Off in a new item; not stored. A host may say so for all its items.
+  virtual bool GetElementString() const { return fElementString; }
   void SetElementString(bool aValue);
   TZORCheckType GetCheckType() const { return fCheckType; }
   void SetCheckType(TZORCheckType aValue);

@@ -17,9 +17,6 @@ class TKDXBaseQRCode : public TMatrixItem {
 
   /// Makes the symbol of the text. Raises Exception "QRCode Encode Error" and leaves the symbol as it was.
   void Encode() override;
-  /// Takes a text as it stands, with accents, which SetCode and reading leave out. Raises as Encode does, and
-  /// then changes nothing.
-  void SetExactCode(const std::string& aValue) { Encoded(fCode, aValue); }
   std::span<const std::uint8_t> Modules() const override { return fQRCode.FMatrix.Bytes(); }
   std::unique_ptr<TJsonObject> WriteJson() const override;
   void ReadJson(int aVersion, TJsonObject& aJson) override;

@@ -110,5 +110,19 @@ TEST(BarcodePaintDetails, TheFontMeasuresTheHeight) {
   EXPECT_EQ(item.fBoundsRect.GetHeight(), 10000 + item.fAscent + item.fDescent);
 }
 
+TEST(HostBarcodes, KeepWhatAUserWrote) {
+  TKDXLabel doc;
+  EXPECT_EQ(doc.NewQRCode(0, 0, "caf\u00E9 \u20AC")->GetCode(), "caf\u00E9 \u20AC");
+  // Fields of variable length that are not the last ones get a separator.
+  auto& code = *doc.NewBarcode(0, 0, "(10)ABC(01)04006381333931", btEAN128AUTO);
+  doc.CalcPending();
+  EXPECT_EQ(code.ValueProblem(), "");
+  EXPECT_FALSE(code.fDrCode.empty());
+  code.SetCode("(01)04006381333932");
+  doc.CalcPending();
+  EXPECT_NE(code.ValueProblem(), "");
+  EXPECT_FALSE(code.fIsValid);
+}
+
 }  // namespace
 }  // namespace Zor
