@@ -13,6 +13,7 @@
 #include "apps/kaldrix/InfoCommand.hpp"
 #include "apps/kaldrix/MessagesCommand.hpp"
 #include "apps/kaldrix/PrintCommand.hpp"
+#include "kaldrix/platform/TTemporaryFile.hpp"
 
 namespace {
 
@@ -43,6 +44,7 @@ int RunChosen(const TCommands& aCommands) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  Zor::RemoveTemporaryFilesOnSignals();
   CLI::App program("Labels, flowcharts and technical drawings without a screen.", "kaldrix");
   program.set_version_flag("--version", "kaldrix " KALDRIX_VERSION);
   program.require_subcommand(1);

@@ -1,6 +1,7 @@
 #include "kaldrix/platform/TAppendFile.hpp"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,24 +13,52 @@ namespace {
 
 constexpr mode_t NewFileMode = 0666;  // the process's mask takes from it
 
+/// A pipe that nobody reads is refused, and not waited for.
 int OpenToAppend(const std::string& aFileName) {
-  const int handle = ::open(aFileName.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, NewFileMode);
+  const int handle =
+      ::open(aFileName.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, NewFileMode);
   if (handle < 0) RaiseErrno("Cannot write", aFileName, errno);
   return handle;
 }
 
+void Lock(int aHandle, const std::string& aFileName) {
+  if (::flock(aHandle, LOCK_EX | LOCK_NB) == 0) return;
+  if (errno == EWOULDBLOCK) throw EStreamError(aFileName + ": another session is writing this file just now");
+}
+
+/// Does the name still stand for the open file? Another session may have taken it away before the lock.
+bool IsStill(int aHandle, const std::string& aFileName) {
+  struct stat open {
+  }, named{};
+  if (::fstat(aHandle, &open) != 0) RaiseErrno("Cannot write", aFileName, errno);
+  if (!S_ISREG(open.st_mode)) throw EStreamError("Cannot write " + aFileName + ": this is no file to keep");
+  return ::stat(aFileName.c_str(), &named) == 0 && named.st_dev == open.st_dev && named.st_ino == open.st_ino;
+}
+
+int OpenLocked(const std::string& aFileName) {
+  for (;;) {
+    TDescriptor file(OpenToAppend(aFileName));
+    Lock(file.Handle(), aFileName);
+    if (IsStill(file.Handle(), aFileName)) return file.Take();
+  }
+}
+
 }  // namespace
 
-TAppendFile::TAppendFile(const std::string& aFileName, std::uint64_t aKeep)
-    : fFileName(aFileName), fFile(OpenToAppend(aFileName)) {
+TAppendFile::TAppendFile(const std::string& aFileName) : fFileName(aFileName), fFile(OpenLocked(aFileName)) {
+  FlushFolder(ExtractFileDir(fFileName));
+}
+
+void TAppendFile::Cut(std::uint64_t aKeep) {
   if (::ftruncate(fFile.Handle(), static_cast<off_t>(aKeep)) != 0)
     RaiseErrno("Cannot write", fFileName, errno);
-  FlushFolder(ExtractFileDir(fFileName));
 }
 
 void TAppendFile::Append(std::string_view aBytes) {
   WriteAll(fFile.Handle(), aBytes, fFileName);
   if (::fsync(fFile.Handle()) != 0) RaiseErrno("Cannot write", fFileName, errno);
 }
+
+void TAppendFile::Remove() { DeleteFile(fFileName); }
 
 }  // namespace Zor

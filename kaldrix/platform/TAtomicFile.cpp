@@ -4,11 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <filesystem>
 
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/TDescriptor.hpp"
+#include "kaldrix/platform/TTemporaryFile.hpp"
 
 namespace Zor {
 
@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr mode_t NewFileMode = 0666;  // the process's mask takes from it
 constexpr int MaxNameAttempts = 100;  // names left over by killed processes of the same id
+using TBeside = std::unique_ptr<TTemporaryFile>;
 
 /// What a chain of symbolic links points at; the name itself when it is none or points nowhere.
 std::string ResolveLinks(const std::string& aFileName) {
@@ -27,14 +28,15 @@ std::string ResolveLinks(const std::string& aFileName) {
   return error ? aFileName : target.string();
 }
 
-/// A name beside the target that nobody else uses.
-int CreateBeside(const std::string& aTarget, std::string& aName) {
-  static std::atomic<unsigned> counter{0};
+/// Makes a file beside the target that nobody else uses.
+int CreateBeside(const std::string& aTarget, TBeside& aBeside) {
   for (int attempt = 0; attempt < MaxNameAttempts; ++attempt) {
-    aName = aTarget + "." + std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".tmp";
-    const int handle = ::open(aName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, NewFileMode);
+    aBeside = std::make_unique<TTemporaryFile>(aTarget);
+    const int handle = ::open(aBeside->Name().c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, NewFileMode);
     if (handle >= 0) return handle;
-    if (errno != EEXIST) RaiseErrno("Cannot write", aTarget, errno);
+    const int error = errno;
+    aBeside->Release();
+    if (error != EEXIST) RaiseErrno("Cannot write", aTarget, error);
   }
   RaiseErrno("Cannot write", aTarget, EEXIST);
 }
@@ -43,11 +45,6 @@ int CreateBeside(const std::string& aTarget, std::string& aName) {
 
 struct TAtomicFile::TImpl {
   explicit TImpl(const std::string& aFileName) : target(aFileName), file(Open()) {}
-  TImpl(const TImpl&) = delete;
-  TImpl& operator=(const TImpl&) = delete;
-  ~TImpl() {
-    if (!beside.empty()) ::unlink(beside.c_str());
-  }
 
   int Open() {
     struct stat info {};
@@ -62,25 +59,25 @@ struct TAtomicFile::TImpl {
     if (exists && ::fchmod(handle, info.st_mode & 07777) != 0) {
       const int error = errno;
       ::close(handle);
-      ::unlink(beside.c_str());
       Raise(error);
     }
     return handle;
   }
 
   void Commit() {
-    if (!beside.empty() && ::fsync(file.Handle()) != 0) Raise(errno);
+    if (beside != nullptr && ::fsync(file.Handle()) != 0) Raise(errno);
     if (const int error = file.Close(); error != 0) Raise(error);
-    if (beside.empty()) return;
-    if (::rename(beside.c_str(), target.c_str()) != 0) Raise(errno);
-    beside.clear();
+    if (beside == nullptr) return;
+    if (::rename(beside->Name().c_str(), target.c_str()) != 0) Raise(errno);
+    beside->Release();
+    beside.reset();
     FlushFolder(ExtractFileDir(target));
   }
 
   [[noreturn]] void Raise(int aError) const { RaiseErrno("Cannot write", target, aError); }
 
   std::string target;
-  std::string beside;  ///< empty for a device, and once it has taken the target's place
+  TBeside beside;  ///< none for a device, and once it has taken the target's place
   TDescriptor file;
 };
 

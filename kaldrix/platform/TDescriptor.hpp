@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "kaldrix/platform/Exceptions.hpp"
 
@@ -25,10 +26,11 @@ class TDescriptor {
   ~TDescriptor() { Close(); }
 
   int Handle() const { return fHandle; }
+  /// The open file becomes the caller's.
+  int Take() { return std::exchange(fHandle, -1); }
   /// 0, or the error of close, by which a network file system reports a failed write.
   int Close() {
-    const int handle = fHandle;
-    fHandle = -1;
+    const int handle = Take();
     return handle < 0 || ::close(handle) == 0 ? 0 : errno;
   }
 

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace Zor {
+
+/// Files that are known again under any name: by a symbolic link, another spelling of the path or a second
+/// hard link. A file that does not exist yet is known by its path. Devices and pipes are never in a set,
+/// since reading one and writing it do not meet.
+class TFileSet {
+ public:
+  /// `aWhat` tells of the file; the first one added counts. An empty name is passed over.
+  void Add(const std::string& aFileName, const std::string& aWhat);
+  /// What was told of that file when it was added; nullptr for one that was not.
+  const std::string* Find(const std::string& aFileName) const;
+
+ private:
+  /// Device and inode, or 0, 0 and the path.
+  struct TKey {
+    std::uint64_t device = 0, inode = 0;
+    std::string path;
+    auto operator<=>(const TKey&) const = default;
+  };
+  static std::optional<TKey> KeyOf(const std::string& aFileName);
+
+  std::map<TKey, std::string> fFiles;
+};
+
+}  // namespace Zor
