@@ -79,7 +79,7 @@ void TExportPlan::TakeSheet(int aPage) {
 }
 
 Int64 TExportPlan::LabelsFrom(int aPage) const {
-  const Int64 most = Int64{fDocument.fPrintInfo->fLabelsToPrint} - fDocument.FirstLabelOfPage(aPage) + 1;
+  const Int64 most = fDocument.LabelsFromPage(aPage);
   if (most < 1) throw EArgumentOutOfRangeException("Page " + std::to_string(aPage) + " has no labels");
   return most;
 }

@@ -5,18 +5,36 @@
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/NameHints.hpp"
 
 namespace Zor::inline Host {
 
 TLabelRun::TLabelRun(TKDXLabel& aDocument) : fDocument(aDocument) {
   fDocument.CheckPrintData();
-  fLabels = fLast = fDocument.fPrintInfo->fLabelsToPrint;
+  fLabels = fDocument.fPrintInfo->fLabelsToPrint;
+  fSelected = TLabelRanges(1, fLabels);
 }
 
 namespace {
 
 std::string SourceName(const TKDXData& aData) {
   return aData.fType == dtyCsv ? aData.fCsvFileName : aData.fDataSel;
+}
+
+/// "counter 'Tga'; there is 'Tag'".
+template <class TNamed>
+std::string Missing(const char* aKind, const std::string& aName, const TOwnedList<TNamed>& aList) {
+  std::vector<std::string> names;
+  for (const TNamed* named : aList) names.push_back(named->fName);
+  return aKind + (" '" + aName + "'") + NameHint(aName, names);
+}
+
+std::string MissingField(const TKDXData& aData, const std::string& aName) {
+  std::vector<std::string> names;
+  if (const TKDXDatasetItem* source = aData.GetDataset(aData.fDataSel)) {
+    for (const auto& field : source->fFields) names.push_back(field->fCaption);
+  }
+  return "field '" + aName + "'" + NameHint(aName, names);
 }
 
 }  // namespace
@@ -27,8 +45,7 @@ void TLabelRun::CheckBindings() const {
     const auto* bound = dynamic_cast<const IZORData*>(item);
     if (bound == nullptr || !item->aIsData || !item->Shows(lopVisible) || !item->Shows(lopPrint)) continue;
     const std::string missing = MissingBinding(bound->FillType(), bound->FillName());
-    if (!missing.empty())
-      problems += "\n  " + item->fID + ": there is no " + missing + " '" + bound->FillName() + "'";
+    if (!missing.empty()) problems += "\n  " + item->fID + ": there is no " + missing;
   }
   if (!problems.empty()) throw Exception("Items of this print:" + problems);
   const TKDXData& data = *fDocument.fData;
@@ -42,24 +59,25 @@ std::string TLabelRun::MissingBinding(TZORFillType aFill, const std::string& aNa
   const TKDXData& data = *fDocument.fData;
   switch (aFill) {
     case ftCounter:
-      return fDocument.FindCounter(aName) == nullptr ? "counter" : "";
+      return fDocument.FindCounter(aName) != nullptr ? "" : Missing("counter", aName, fDocument.fCounters);
     case ftList:
-      return data.GetListVal(std::string_view(aName)) == nullptr ? "list" : "";
+      return data.GetListVal(std::string_view(aName)) != nullptr ? "" : Missing("list", aName, data.fListVal);
     case ftAsk:
-      return data.GetAskField(std::string_view(aName)) == nullptr ? "question" : "";
+      return data.GetAskField(std::string_view(aName)) != nullptr ? ""
+                                                                  : Missing("question", aName, data.fListAsk);
     case ftField:
     case ftJson:
     case ftCsv: {
       // A record of JSON need not have every key.
       const bool fixed = data.fType == dtyCsv || data.fType == dtyDataset;
-      return fixed && data.GetCsvPos(aName) < 0 ? "field" : "";
+      return !fixed || data.GetCsvPos(aName) >= 0 ? "" : MissingField(data, aName);
     }
     default:
       return {};
   }
 }
 
-int TLabelRun::Pages() const { return fPassed + fDocument.fPrintInfo->fPagesToPrint; }
+int TLabelRun::Pages() const { return fDocument.fPrintInfo->fPagesToPrint; }
 
 void TLabelRun::StartAt(int aRow, int aColumn) {
   const TKDXMeasure& measure = *fDocument.fMeasure;
@@ -70,30 +88,23 @@ void TLabelRun::StartAt(int aRow, int aColumn) {
   }
   fDocument.fPrintInfo->SetFirstRow(aRow);
   fDocument.fPrintInfo->SetFirstCol(aColumn);
-  SetRange(fFirst, fLast);
+  Select(fSelected);
 }
 
-void TLabelRun::SetRange(int aFirst, int aLast) {
-  fDocument.fPrintInfo->fLabelsToPrint = fLabels;
-  if (!fDocument.SetLabelRange(aFirst, aLast)) {
+void TLabelRun::Select(const TLabelRanges& aLabels) {
+  for (const TLabelRange& range : aLabels.Ranges()) {
+    if (range.first <= fLabels) continue;
     throw EArgumentOutOfRangeException("The run has " + std::to_string(fLabels) +
-                                       " labels, none of them from " + std::to_string(aFirst) + " to " +
-                                       std::to_string(aLast));
+                                       " labels: there is no label " + std::to_string(range.first));
   }
-  fFirst = aFirst;
-  fLast = fDocument.fPrintInfo->fLabelsToPrint;
-}
-
-void TLabelRun::GoOnBehind(int aPage, int aLabel) {
-  const int last = fLast;
-  StartAt(1, 1);
-  SetRange(aLabel + 1, last);
-  fPassed = aPage;
+  fDocument.fPrintInfo->fLabelsToPrint = fLabels;
+  fDocument.SetLabels(aLabels);
+  fSelected = aLabels.UpTo(fLabels);
 }
 
 TExportPlan TLabelRun::Fill(int aPage, const TExportOptions& aOptions) {
   TExportOptions options = aOptions;
-  options.page = aPage - fPassed;
+  options.page = aPage;
   options.print = true;
   TExportPlan plan(fDocument, options);
   TakeSheet(aPage);

@@ -7,6 +7,7 @@
 #include "host/Export.hpp"
 #include "host/ExportPlan.hpp"
 #include "host/TRunManifest.hpp"
+#include "kaldrix/core/TLabelRanges.hpp"
 
 namespace Zor::inline Host {
 
@@ -24,29 +25,29 @@ class TLabelRun {
 
   /// Labels of the whole run.
   int Labels() const { return fLabels; }
-  int First() const { return fFirst; }
-  int Last() const { return fLast; }
+  /// Those that are printed; all of them before Select.
+  const TLabelRanges& Selected() const { return fSelected; }
+  int First() const { return fSelected.First(); }
+  int Last() const { return fSelected.Last(); }
   int Pages() const;
   /// The first cell of the first page, 1-based. Raises EArgumentOutOfRangeException off the sheet.
   void StartAt(int aRow, int aColumn);
-  /// Prints only some of the labels, 1-based. Raises EArgumentOutOfRangeException when the run has none of
-  /// them.
-  void SetRange(int aFirst, int aLast);
-  /// Goes on behind a label that is the last of its page.
-  void GoOnBehind(int aPage, int aLabel);
+  /// Prints only some of the labels. Ranges may end behind the run; raises EArgumentOutOfRangeException for
+  /// one that begins there.
+  void Select(const TLabelRanges& aLabels);
 
-  /// Fills a page of the range, 1-based and behind those that GoOnBehind passed over. What stands in its
-  /// cells is in Sheet() until the next call.
+  /// Fills a page of those labels, 1-based. What stands in its cells is in Sheet() until the next call.
   TExportPlan Fill(int aPage, const TExportOptions& aOptions);
   const std::vector<TRunLabel>& Sheet() const { return fSheet; }
 
  private:
+  /// What there is not; empty when it is there.
   std::string MissingBinding(TZORFillType aFill, const std::string& aName) const;
   void TakeSheet(int aPage);
 
   TKDXLabel& fDocument;
-  int fLabels = 0, fFirst = 1, fLast = 0;
-  int fPassed = 0;  ///< pages of an earlier session
+  int fLabels = 0;
+  TLabelRanges fSelected;
   std::vector<TRunLabel> fSheet;
 };
 

@@ -1,7 +1,10 @@
 #include "host/TRunManifest.hpp"
 
+#include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <memory>
+#include <string_view>
 
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
@@ -32,16 +35,22 @@ std::string HeadLine(const TRunHead& aHead) {
   TJsonObject line;
   TJsonObject& run = line.AddNewObject("run");
   for (const THeadField& field : HeadFields) run.PutInt(field.key, aHead.*field.field);
+  if (!aHead.only.empty()) run.PutString("only", aHead.only);
   run.PutString("output", aHead.output);
+  if (!aHead.form.empty()) run.PutString("form", aHead.form);
   run.PutLong("data", aHead.data);
+  if (aHead.document) run.PutLong("document", *aHead.document);
   return line.ToJSON(true) + "\n";
 }
 
 TRunHead ReadHead(const TJsonObject& aRun) {
   TRunHead head;
   for (const THeadField& field : HeadFields) head.*field.field = aRun.GetInt(field.key);
+  head.only = aRun.GetString("only");
   head.output = aRun.GetString("output");
+  head.form = aRun.GetString("form");
   head.data = static_cast<std::uint32_t>(aRun.GetLong("data"));
+  if (aRun.Contains("document")) head.document = static_cast<std::uint32_t>(aRun.GetLong("document"));
   return head;
 }
 
@@ -82,17 +91,19 @@ class TLedgerReader {
  public:
   explicit TLedgerReader(const std::string& aFileName)
       : fFileName(aFileName), fStream(aFileName, std::ios::binary) {
-    if (!fStream) throw EFileNotFoundException("File not found: " + aFileName);
+    const int error = DirectoryExists(aFileName) ? EISDIR : errno;
+    if (fStream && error != EISDIR) return;
+    if (error == ENOENT) throw EFileNotFoundException("File not found: " + aFileName);
+    RaiseErrno("Cannot read", aFileName, error);
   }
 
   /// None at the end, or where the rest is no whole line.
   std::unique_ptr<TJsonBaseObject> Next() {
-    std::string text;
-    if (!std::getline(fStream, text) || fStream.eof()) return nullptr;
-    fBytes += text.size() + 1;
+    if (!std::getline(fStream, fText) || fStream.eof()) return nullptr;
+    fBytes += fText.size() + 1;
     ++fLine;
     try {
-      std::unique_ptr<TJsonBaseObject> line = TJsonBaseObject::Parse(text);
+      std::unique_ptr<TJsonBaseObject> line = TJsonBaseObject::Parse(fText);
       if (line != nullptr && line->IsObject()) return line;
     } catch (const Exception&) {
       Fail();
@@ -100,22 +111,45 @@ class TLedgerReader {
     Fail();
   }
   std::uint64_t Bytes() const { return fBytes; }
+  /// Fails unless what Next found no whole line in may be what a kill left of a head.
+  void CheckCutHead() const {
+    constexpr std::string_view begin = R"({"run":{)";
+    if (!fText.starts_with(begin) && !begin.starts_with(fText)) Fail();
+  }
   [[noreturn]] void Fail() const {
-    throw Exception(fFileName + ": line " + std::to_string(fLine) + ": this is no ledger of a label run");
+    throw ELedgerError(fFileName + ": line " + std::to_string(std::max(fLine, 1)) +
+                       ": this is no ledger of a label run");
   }
 
  private:
   std::string fFileName;
   std::ifstream fStream;
+  std::string fText;
   std::uint64_t fBytes = 0;
   int fLine = 0;
 };
 
-std::string CheckedNew(const std::string& aFileName) {
-  if (FileExists(aFileName)) {
-    throw Exception(aFileName + ": there is a ledger already: resume that run, or remove the file");
-  }
-  return aFileName;
+/// What closes a part.
+struct TPartEnd {
+  int part, pages, lastLabel;
+};
+
+std::string PartLine(const TPartEnd& aEnd) {
+  TJsonObject line;
+  line.PutInt("part", aEnd.part);
+  line.PutInt("pages", aEnd.pages);
+  line.PutInt("lastLabel", aEnd.lastLabel);
+  return line.ToJSON(true) + "\n";
+}
+
+/// Takes the end of the next part; false where it cannot follow the one before.
+bool TakePart(TRunState& aState, const TJsonObject& aLine) {
+  const TPartEnd end{aLine.GetInt("part"), aLine.GetInt("pages"), aLine.GetInt("lastLabel")};
+  const auto next = static_cast<int>(aState.parts.size()) + 1;
+  if (end.part != next || end.pages <= aState.Pages() || end.lastLabel <= aState.lastLabel) return false;
+  aState.parts.push_back(end.pages);
+  aState.lastLabel = end.lastLabel;
+  return true;
 }
 
 }  // namespace
@@ -127,64 +161,79 @@ std::string TRunHead::Difference(const TRunHead& aOther) const {
       return std::string(f.words) + ": " + std::to_string(here) + ", there " + std::to_string(there);
     }
   }
+  if (only != aOther.only) return "the labels that are printed";
   if (output != aOther.output) return "the output: " + output + ", there " + aOther.output;
+  if (!aOther.form.empty() && form != aOther.form) return "the form: " + form + ", there " + aOther.form;
+  return SourceDifference(aOther);
+}
+
+std::string TRunHead::SourceDifference(const TRunHead& aOther) const {
   if (data != aOther.data) return "the data or the answers";
+  if (aOther.document && document != aOther.document)
+    return "the document, or what tells how its records are read";
   return {};
 }
 
 TRunState TRunManifest::Read(const std::string& aFileName,
-                             const std::function<void(const TRunLabel&, const std::string& aFile)>& aVisit) {
+                             const std::function<void(const TRunLabel&)>& aVisit) {
   TLedgerReader reader(aFileName);
   TRunState state;
   const std::unique_ptr<TJsonBaseObject> head = reader.Next();
-  if (head == nullptr) return state;
+  if (head == nullptr) {
+    reader.CheckCutHead();
+    return state;
+  }
   const TJsonObject* run = static_cast<const TJsonObject&>(*head).FindObject("run");
   if (run == nullptr) reader.Fail();
   state.head = ReadHead(*run);
-  state.bytes = reader.Bytes();
-  std::vector<std::pair<TRunLabel, std::string>> part;
+  if (state.head.part < 1) reader.Fail();
+  std::vector<TRunLabel> part;
   while (const std::unique_ptr<TJsonBaseObject> line = reader.Next()) {
     const auto& object = static_cast<const TJsonObject&>(*line);
     if (!object.Contains("part")) {
-      part.emplace_back(ReadLabel(object), object.GetString("file"));
-      if (part.back().first.label < 1) reader.Fail();
+      part.push_back(ReadLabel(object));
+      if (part.back().label < 1) reader.Fail();
       continue;
     }
-    for (const auto& [label, file] : part) aVisit(label, file);
+    if (!TakePart(state, object)) reader.Fail();
+    for (const TRunLabel& label : part) aVisit(label);
     part.clear();
-    state.parts = object.GetInt("part");
-    state.pages = object.GetInt("pages");
-    state.lastLabel = object.GetInt("lastLabel");
     state.bytes = reader.Bytes();
   }
   return state;
 }
 
-TRunManifest::TRunManifest(const std::string& aFileName, const TRunHead& aHead)
-    : fFile(CheckedNew(aFileName), 0) {
-  fState.head = aHead;
-  fFile.Append(HeadLine(aHead));
+TRunManifest::TRunManifest(const std::string& aFileName)
+    : fName(aFileName), fFile(aFileName), fState(Read(aFileName, [](const TRunLabel&) {})) {}
+
+TRunManifest::~TRunManifest() {
+  if (!fState.parts.empty()) return;
+  try {
+    fFile.Remove();
+  } catch (const Exception&) {
+    // It is empty, and the next session begins it.
+  }
 }
 
-TRunManifest::TRunManifest(const std::string& aFileName, const TRunState& aState)
-    : fFile(aFileName, aState.bytes), fState(aState), fLastPage(aState.pages) {}
+void TRunManifest::GoOn(const TRunHead& aHead) {
+  fFile.Cut(fState.bytes);
+  if (!fState.parts.empty()) return;
+  fState.head = aHead;
+  fLines = HeadLine(aHead);
+}
 
 void TRunManifest::Add(const TRunLabel& aLabel, const std::string& aFile) {
   fLines += LabelLine(aLabel, aFile);
-  fState.lastLabel = aLabel.label;
+  fLastLabel = aLabel.label;
   fLastPage = aLabel.page;
 }
 
 void TRunManifest::FinishPart() {
-  ++fState.parts;
-  fState.pages = fLastPage;
-  TJsonObject line;
-  line.PutInt("part", fState.parts);
-  line.PutInt("pages", fState.pages);
-  line.PutInt("lastLabel", fState.lastLabel);
-  fLines += line.ToJSON(true) + "\n";
+  fLines += PartLine({static_cast<int>(fState.parts.size()) + 1, fLastPage, fLastLabel});
   fFile.Append(fLines);
   fLines.clear();
+  fState.parts.push_back(fLastPage);
+  fState.lastLabel = fLastLabel;
 }
 
 }  // namespace Zor::inline Host

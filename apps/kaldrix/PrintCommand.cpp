@@ -1,18 +1,18 @@
 #include "apps/kaldrix/PrintCommand.hpp"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <array>
-#include <charconv>
 #include <iostream>
 #include <optional>
 
 #include "apps/kaldrix/Documents.hpp"
 #include "apps/kaldrix/OutputFormat.hpp"
+#include "apps/kaldrix/PrintReport.hpp"
 #include "apps/kaldrix/ProgressLine.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "host/LiteralCodes.hpp"
 #include "host/RunAnswers.hpp"
+#include "host/RunRepeats.hpp"
 #include "host/TLabelRun.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXData.hpp"
@@ -40,31 +40,31 @@ std::optional<TRunFormat> FormatOf(const std::string& aFormat, const std::string
   return std::nullopt;
 }
 
-/// From A to B, both counted from 1.
-struct TRange {
-  int first = 1;
-  int last = 0;
-};
-
-/// "A-B", "A-" to the end, or "A" alone.
-std::optional<TRange> RangeOf(std::string_view aText, int aEnd) {
-  const auto number = [](std::string_view text) {
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size() ? value : 0;
-  };
-  const std::size_t dash = aText.find('-');
-  TRange range;
-  range.first = number(aText.substr(0, dash));
-  range.last = dash == std::string_view::npos ? range.first
-               : dash + 1 == aText.size()     ? std::max(aEnd, range.first)
-                                              : number(aText.substr(dash + 1));
-  if (range.first < 1 || range.last < range.first) return std::nullopt;
-  return range;
+std::string LabelsProblem(const std::string& aText) {
+  return TLabelRanges::Parse(aText) ? "" : "'" + aText + "' tells no labels: A, A-B, A-, or some with commas";
 }
 
-std::string RangeProblem(const std::string& aText) {
-  return RangeOf(aText, INT_MAX) ? "" : "'" + aText + "' is no range A-B of labels";
+/// Does a step; what fails in it is told of that file.
+template <class TStep>
+auto Named(const std::string& aFile, TStep aStep) {
+  try {
+    return aStep();
+  } catch (const EStreamError&) {
+    throw;  // names its file
+  } catch (const Exception& error) {
+    throw Exception(ToldName(aFile) + ": " + error.what());
+  }
+}
+
+void Tell(const std::string& aText) { std::cerr << "kaldrix: " << aText << '\n'; }
+
+/// The checksum of a document with what else decides how its records are read.
+std::uint32_t SumOf(std::uint32_t aBytes, const TKDXData& aData) {
+  std::string text = aData.fDataSel + '\n' + aData.fFieldRepeat;
+  for (const int value : {int{aData.fType}, int{aData.fCsvSep}, int{aData.fCsvQuote}, int{aData.fCsvHeader},
+                          int{aData.fCsvCode}})
+    text += '\n' + std::to_string(value);
+  return CheckSum(text, aBytes);
 }
 
 }  // namespace
@@ -82,11 +82,10 @@ PrintCommand::PrintCommand(CLI::App& aProgram, const bool& aQuiet)
 }
 
 void PrintCommand::AddOutputOptions() {
-  Options()
-      .add_option("-o,--output", fOutput,
-                  "The PDF to write, - for standard output; SVG and PNG are a file for each page, numbered "
-                  "-0001, ...")
-      ->required();
+  Options().add_option(
+      "-o,--output", fOutput,
+      "The PDF to write, - for standard output; SVG and PNG are a file for each page, numbered "
+      "-0001, ...");
   Options()
       .add_option("--format", fFormat, "pdf, svg or png; told by the output's suffix if not given")
       ->check(CLI::IsMember({"pdf", "svg", "png"}));
@@ -97,13 +96,17 @@ void PrintCommand::AddOutputOptions() {
   Options().add_flag("--pad", fPad, "Zeros may be put in front of short barcodes");
   AddSvgText(Options(), fSvgText);
   Options().add_flag("--keep-going", fKeepGoing, "Leave labels with a problem empty, and tell which");
+  Options().add_flag("--dry-run", fDryRun,
+                     "Write nothing: tell labels, pages, and what the first and the last label show");
 }
 
 void PrintCommand::AddRangeOptions() {
   Options()
       .add_option("--labels", fLabels,
-                  "Print only the labels A to B of the run, from the first cell on: A-B, A- or A")
-      ->check(RangeProblem);
+                  "Print only these labels of the run, in its order, from the first cell on: 1,3,5-7,90-")
+      ->check(LabelsProblem);
+  Options().add_flag("--counter-repeat", fCounterRepeat,
+                     "Let labels behind the end of a counter show its last value again");
   constexpr int most = 32767;
   Options()
       .add_option("--start-row", fStartRow, "The first row of the first sheet")
@@ -120,16 +123,24 @@ void PrintCommand::AddLedgerOptions() {
       .add_option("--part", fPart, "Pages to a part")
       ->needs(manifest)
       ->check(CLI::Range(1, 1000000))
-      ->capture_default_str();
+      ->default_str("50, or what the ledger says");
   auto* resume = Options().add_flag("--resume", fResume, "Go on behind the last finished part");
-  auto* reprint = Options()
-                      .add_option("--reprint", fReprint, "Print labels of the noted run again: A-B, A- or A")
-                      ->check(RangeProblem);
-  resume->needs(manifest)->excludes(reprint);
+  auto* reprint =
+      Options()
+          .add_option("--reprint", fReprint, "Print these labels of the noted run again: 1,3,5-7,90-")
+          ->check(LabelsProblem);
+  resume->needs(manifest)->excludes(reprint)->excludes("--dry-run");
   reprint->needs(manifest)->excludes("--labels");
 }
 
 void PrintCommand::CheckUse() {
+  if (!fOutput.empty()) CheckOutputUse();
+  if (fOutput.empty() && !fDryRun) throw CLI::RequiredError("--output");
+  if ((fInput == "-") + (fAnswers == "-") + fSource.ReadsStandardInput() > 1)
+    throw CLI::ValidationError("-", "standard input can be read for one of the files only");
+}
+
+void PrintCommand::CheckOutputUse() const {
   const std::optional<TRunFormat> format =
       fOutput == "-" && fFormat.empty() ? rfPdf : FormatOf(fFormat, fOutput);
   if (!format) {
@@ -143,7 +154,7 @@ void PrintCommand::CheckUse() {
 TRunJob PrintCommand::Job() const {
   TRunJob job;
   job.output = fOutput;
-  job.format = fOutput == "-" ? rfPdf : *FormatOf(fFormat, fOutput);
+  job.format = fOutput == "-" ? rfPdf : FormatOf(fFormat, fOutput).value_or(rfPdf);
   job.options.dpi = fDpi;
   job.options.print = true;
   job.options.svgText = fSvgText;
@@ -158,62 +169,109 @@ TRunJob PrintCommand::Job() const {
 
 int PrintCommand::Run() const {
   TKDXLabel document;
-  LoadDocument(document, fInput);
+  const std::uint32_t bytes = LoadDocument(document, fInput);
   fSource.Attach(document, fInput);
-  try {
-    TLabelRun run(document);
-    SetUp(run, document);
-    TRunJob job = Job();
-    if (!fManifest.empty())
-      job.data = CheckSum(fAnswers.empty() ? "" : ReadInput(fAnswers), fSource.Sum(document));
-    Narrow(run, job.data);
-    return Write(document, run, job);
-  } catch (const EFileNotFoundException&) {
-    throw;
-  } catch (const EStreamError&) {
-    throw;
-  } catch (const Exception& error) {
-    throw Exception(fInput + ": " + error.what());
+  const std::string answers = fAnswers.empty() ? "{}" : ReadInput(fAnswers);
+  TLabelRun run = Named(fInput, [&] { return TLabelRun(document); });
+  CheckHeader(document);
+  document.fPrintInfo->fPadCodes = fPad;
+  Named(fInput, [&] {
+    run.CheckBindings();
+    CheckLiteralCodes(document);
+  });
+  Named(fAnswers.empty() ? fInput : fAnswers, [&] { Answer(document, answers); });
+
+  TRunJob job = Job();
+  if (!fManifest.empty()) {
+    job.data = CheckSum(fAnswers.empty() ? "" : answers, fSource.Sum(document));
+    job.document = SumOf(bytes, *document.fData);
   }
+  ProgressLine progress(fQuiet);
+  job.onPage = [&](int page, int pages) { progress.Show("page", page, pages); };
+  job.onNote = [&](const std::string& text) {
+    progress.Clear();
+    Tell(text);
+  };
+  job.onLeftOut = [&](const TRunLabel& label) {
+    job.onNote(ToldName(fInput) + ": left out: " + TRunWriter::Told(label));
+  };
+  return Named(fInput, [&] {
+    TFileSet taken = Taken(document);
+    if (fStartRow > 1 || fStartCol > 1) run.StartAt(fStartRow, fStartCol);
+    Narrow(run, job, taken);
+    CheckEnds(document, run);
+    TRunWriter writer(document, run, job);
+    if (fResume) writer.Resume();
+    if (!fOutput.empty()) writer.CheckOutputs(taken);
+    return fDryRun ? Rehearse(writer, run) : Write(writer);
+  });
 }
 
-void PrintCommand::SetUp(TLabelRun& aRun, TKDXLabel& aDocument) const {
+TFileSet PrintCommand::Taken(const TKDXLabel& aDocument) const {
+  TFileSet taken;
+  taken.Add(fInput, "the document");
+  taken.Add(fAnswers, "the file of the answers");
+  fSource.AddFiles(taken, aDocument);
+  if (const std::string* what = taken.Find(fManifest))
+    throw EStreamError(fManifest + ": this is " + *what + ", and no ledger");
+  taken.Add(fManifest, "the ledger");
+  return taken;
+}
+
+void PrintCommand::CheckHeader(const TKDXLabel& aDocument) const {
   for (const std::string& problem : aDocument.fData->HeaderProblems()) {
     if (!fKeepGoing) throw Exception(problem);
-    std::cerr << "kaldrix: " << problem << '\n';
+    Tell(problem);
   }
-  aRun.CheckBindings();
-  aDocument.fPrintInfo->fPadCodes = fPad;
-  CheckLiteralCodes(aDocument);
-  const std::unique_ptr<TJsonBaseObject> answers =
-      fAnswers.empty() ? std::make_unique<TJsonObject>() : TJsonBaseObject::Parse(ReadInput(fAnswers));
-  if (answers == nullptr || !answers->IsObject())
-    throw Exception(fAnswers + ": the answers are no JSON object");
+}
+
+void PrintCommand::Answer(TKDXLabel& aDocument, const std::string& aAnswers) const {
+  const std::unique_ptr<TJsonBaseObject> answers = TJsonBaseObject::Parse(aAnswers);
+  if (answers == nullptr || !answers->IsObject()) throw Exception("the answers are no JSON object");
   AnswerQuestions(aDocument, static_cast<const TJsonObject&>(*answers));
-  if (fStartRow > 1 || fStartCol > 1) aRun.StartAt(fStartRow, fStartCol);
 }
 
-void PrintCommand::Narrow(TLabelRun& aRun, std::uint32_t aData) const {
-  if (!fLabels.empty()) {
-    const TRange range = *RangeOf(fLabels, aRun.Labels());
-    aRun.SetRange(range.first, range.last);
-  }
-  if (!fReprint.empty()) {
-    const TRange range = *RangeOf(fReprint, aRun.Labels());
-    CheckReprint(fManifest, aRun, aData, range.first, range.last);
+void PrintCommand::Narrow(TLabelRun& aRun, const TRunJob& aJob, TFileSet& aTaken) const {
+  const std::string& told = fReprint.empty() ? fLabels : fReprint;
+  if (told.empty()) return;
+  const TLabelRanges labels = *TLabelRanges::Parse(told);
+  if (labels.Last() > aRun.Labels() && labels.Last() != TLabelRanges::End)
+    Tell(ToldName(fInput) + ": the run ends with label " + std::to_string(aRun.Labels()));
+  if (fReprint.empty()) return aRun.Select(labels);
+  const TRunState state = CheckReprint(aJob, fManifest, aRun, labels);
+  for (const std::string& folder : {ExtractFileDir(fManifest), ExtractFileDir(fOutput)}) {
+    for (int number = 1; number <= state.Pages(); ++number) {
+      const std::string part = CombinePath(folder, TRunWriter::NumberedName(state.head.output, number));
+      if (FileExists(part)) aTaken.Add(part, "a part of the run");
+    }
   }
 }
 
-int PrintCommand::Write(TKDXLabel& aDocument, TLabelRun& aRun, TRunJob& aJob) const {
-  ProgressLine progress(fQuiet);
-  aJob.onPage = [&](int page, int pages) { progress.Show("page", page, pages); };
-  aJob.onLeftOut = [&](const TRunLabel& label) {
-    progress.Clear();
-    std::cerr << "kaldrix: " << fInput << ": left out: " << TRunWriter::Told(label) << '\n';
-  };
-  TRunWriter writer(aDocument, aRun, aJob);
-  if (fResume) writer.Resume();
-  return writer.Write() > 0 ? 1 : 0;
+void PrintCommand::CheckEnds(const TKDXLabel& aDocument, const TLabelRun& aRun) const {
+  const std::string name = ToldName(fInput) + ": ";
+  for (const std::string& spent : SpentCounters(aDocument, aRun)) {
+    if (!fCounterRepeat) throw Exception(spent + "; --counter-repeat prints them so");
+    Tell(name + spent);
+  }
+  for (const std::string& uneven : UnevenEnds(aDocument, aRun)) Tell(name + uneven);
+}
+
+int PrintCommand::Write(TRunWriter& aWriter) const {
+  try {
+    return aWriter.Write() > 0 ? 1 : 0;
+  } catch (...) {
+    if (const int parts = aWriter.FinishedParts(); parts > 0)
+      Tell(fManifest + ": parts that are finished and stand: " + std::to_string(parts) +
+           "; --resume goes on behind them");
+    throw;
+  }
+}
+
+int PrintCommand::Rehearse(TRunWriter& aWriter, const TLabelRun& aRun) const {
+  PrintReport report(aRun);
+  const int leftOut = aWriter.Rehearse([&](const TRunLabel& label) { report.Take(label); });
+  WriteOutput("-", report.Text(fOutput.empty() ? std::vector<std::string>() : aWriter.Outputs()));
+  return leftOut > 0 ? 1 : 0;
 }
 
 }  // namespace Zor::Program

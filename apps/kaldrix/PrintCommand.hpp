@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "apps/kaldrix/Command.hpp"
@@ -19,18 +20,26 @@ class PrintCommand final : public Command {
   void AddRangeOptions();
   void AddLedgerOptions();
   void CheckUse();
+  void CheckOutputUse() const;
   TRunJob Job() const;
-  void SetUp(TLabelRun& aRun, TKDXLabel& aDocument) const;
-  void Narrow(TLabelRun& aRun, std::uint32_t aData) const;
-  int Write(TKDXLabel& aDocument, TLabelRun& aRun, TRunJob& aJob) const;
+  /// What must not be written to.
+  TFileSet Taken(const TKDXLabel& aDocument) const;
+  void CheckHeader(const TKDXLabel& aDocument) const;
+  void Answer(TKDXLabel& aDocument, const std::string& aAnswers) const;
+  /// Takes the labels that were asked for; with --reprint checks them, and adds the files that hold them.
+  void Narrow(TLabelRun& aRun, const TRunJob& aJob, TFileSet& aTaken) const;
+  void CheckEnds(const TKDXLabel& aDocument, const TLabelRun& aRun) const;
+  int Write(TRunWriter& aWriter) const;
+  int Rehearse(TRunWriter& aWriter, const TLabelRun& aRun) const;
 
   const bool& fQuiet;
   mutable PrintSource fSource;  ///< what it opens lives as long as the command
   std::string fInput, fOutput, fFormat, fAnswers, fLabels, fManifest, fReprint;
-  int fStartRow = 1, fStartCol = 1, fPart = 50;
+  int fStartRow = 1, fStartCol = 1;
+  std::optional<int> fPart;
   double fDpi = 300;
   TSvgTextForm fSvgText = stPortable;
-  bool fResume = false, fKeepGoing = false, fPad = false;
+  bool fResume = false, fKeepGoing = false, fDryRun = false, fCounterRepeat = false, fPad = false;
 };
 
 }  // namespace Zor::Program

@@ -177,4 +177,9 @@ std::uint32_t PrintSource::Sum(const TKDXLabel& aDocument) const {
   return CheckSum(fQuery, CheckSum(aDocument.fData->fJson));
 }
 
+void PrintSource::AddFiles(TFileSet& aFiles, const TKDXLabel& aDocument) const {
+  if (aDocument.fData->fType == dtyCsv) aFiles.Add(aDocument.fData->fCsvFileName, "the file of the records");
+  for (const std::string* file : {&fCsv, &fJson, &fSqlite}) aFiles.Add(*file, "the file of the records");
+}
+
 }  // namespace Zor::Program

@@ -6,6 +6,7 @@
 
 #include "host/TKDXLabel.hpp"
 #include "kaldrix/platform/TDataSet.hpp"
+#include "kaldrix/platform/TFileSet.hpp"
 
 namespace CLI {
 class App;
@@ -24,6 +25,9 @@ class PrintSource {
   void Attach(TKDXLabel& aDocument, const std::string& aDocumentName);
   /// The checksum of what the records are made from: of a text source its bytes, of a database the query.
   std::uint32_t Sum(const TKDXLabel& aDocument) const;
+  /// Adds the files that the records come from.
+  void AddFiles(TFileSet& aFiles, const TKDXLabel& aDocument) const;
+  bool ReadsStandardInput() const { return fCsv == "-" || fJson == "-"; }
 
  private:
   void AttachCsv(TKDXLabel& aDocument) const;

@@ -13,6 +13,8 @@ std::string ReadInput(const std::string& aName) {
   return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
 }
 
+std::string ToldName(const std::string& aName) { return aName == "-" ? "standard input" : aName; }
+
 void WriteOutput(const std::string& aName, std::string_view aBytes) {
   if (aName != "-") return WriteFileAtomically(aName, aBytes);
   std::cout.write(aBytes.data(), static_cast<std::streamsize>(aBytes.size())).flush();

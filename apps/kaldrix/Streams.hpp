@@ -9,6 +9,9 @@ namespace Zor::Program {
 /// The bytes of a file, or of standard input for "-".
 std::string ReadInput(const std::string& aName);
 
+/// What messages call a file: "standard input" for "-".
+std::string ToldName(const std::string& aName);
+
 /// Writes a file beside its target and renames it; "-" is standard output.
 void WriteOutput(const std::string& aName, std::string_view aBytes);
 

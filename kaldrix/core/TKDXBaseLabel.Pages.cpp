@@ -11,12 +11,24 @@
 
 namespace Zor::inline Base {
 
+namespace {
+
+/// How many labels stand on the pages before that one.
+Int64 LabelsBefore(const TKDXBasePrintInfo& aPrint, int aPage) {
+  const Int64 first = std::max(aPrint.FirstPageLabels(), 0);
+  const Int64 others = MulHeld(aPrint.LabelsPerPage(), Int64{aPage} - 2);
+  return aPage > 1 ? AddHeld(first, others) : 0;
+}
+
+}  // namespace
+
 int TKDXBaseLabel::FirstLabelOfPage(int aPage) const {
-  const Int64 first = std::max(fPrintInfo->FirstPageLabels(), 0);
-  const Int64 others = MulHeld(fPrintInfo->LabelsPerPage(), Int64{aPage} - 2);
-  const Int64 before = aPage > 1 ? AddHeld(first, others) : 0;
-  return static_cast<int>(
-      std::clamp<Int64>(AddHeld(fPrintInfo->fFirstOfRun, before), 1, std::numeric_limits<int>::max()));
+  const Int64 label = fPrintInfo->LabelAt(AddHeld(LabelsBefore(*fPrintInfo, aPage), 1));
+  return static_cast<int>(std::clamp<Int64>(label, 1, std::numeric_limits<int>::max()));
+}
+
+Int64 TKDXBaseLabel::LabelsFromPage(int aPage) const {
+  return fPrintInfo->LabelsOfRun() - LabelsBefore(*fPrintInfo, aPage);
 }
 
 void TKDXBaseLabel::GoToPage(int aPage, bool aFillData, bool aCheck) {
@@ -29,6 +41,10 @@ void TKDXBaseLabel::GoToPage(int aPage, bool aFillData, bool aCheck) {
 
 void TKDXBaseLabel::GoToLabel(int aLabel) {
   fPrintInfo->fCurrentLabel = aLabel;
+  WalkTo(aLabel);
+}
+
+void TKDXBaseLabel::WalkTo(int aLabel) {
   const bool known = KnowsLabel();
   if (known && fWalkLabel == aLabel) return;
   // 1. The record: walked on to where that is the only way, else gone to.

@@ -84,7 +84,8 @@ void TKDXBaseLabel::CheckPrintData() {
   ClearPreview();
   fPageLabels.clear();
   fWalkLabel = 0;
-  print.fCurrentLabel = print.fCurrentPage = print.fPagesToPrint = print.fFirstOfRun = 1;
+  print.fCurrentLabel = print.fCurrentPage = print.fPagesToPrint = 1;
+  print.fOnly = {};
   print.fLabelsToPrint = HeldCount(MulHeld(print.fLabs, print.fRepetition));
   print.fLastPageFill = -1;
   print.fFillType = ftNone;
@@ -130,16 +131,16 @@ void TKDXBaseLabel::PlanCounter(std::string_view aName) {
 
 void TKDXBaseLabel::PlanPages() {
   const Int64 first = std::max(fPrintInfo->FirstPageLabels(), 0);
-  const Int64 others = Int64{fPrintInfo->fLabelsToPrint} - fPrintInfo->fFirstOfRun + 1 - first;
+  const Int64 others = fPrintInfo->LabelsOfRun() - first;
   const Int64 each = std::max(fPrintInfo->LabelsPerPage(), 1);
   fPrintInfo->fPagesToPrint = others > 0 ? HeldCount((others + each - 1) / each + 1) : 1;
 }
 
-bool TKDXBaseLabel::SetLabelRange(int aFirst, int aLast) {
-  const int last = std::min(aLast, fPrintInfo->fLabelsToPrint);
-  if (aFirst < 1 || aFirst > last) return false;
-  fPrintInfo->fFirstOfRun = aFirst;
-  fPrintInfo->fLabelsToPrint = last;
+bool TKDXBaseLabel::SetLabels(const TLabelRanges& aLabels) {
+  const TLabelRanges labels = aLabels.UpTo(fPrintInfo->fLabelsToPrint);
+  if (labels.IsEmpty()) return false;
+  fPrintInfo->fOnly = labels;
+  fPrintInfo->fLabelsToPrint = labels.Last();
   fPrintInfo->fLastPageFill = -1;
   fPrintInfo->fCurrentPage = 0;
   PlanPages();
@@ -173,13 +174,19 @@ void TKDXBaseLabel::FillDataPage(int aPage) {
   if (KnowsLabel()) GoToLabel(print.fCurrentLabel);
   fPageLabels.clear();
   TCellCopies copies(fPreview);
-  int label = print.fCurrentLabel;
+  Int64 label = print.fCurrentLabel;
   int column = aPage == 1 ? std::max(print.fFirstCol, 1) : 1;
   for (int row = aPage == 1 ? std::max(print.fFirstRow, 1) : 1; row <= fMeasure->fNuHor; ++row, column = 1) {
-    for (; column <= fMeasure->fNuVer && label <= print.fLabelsToPrint; ++column, ++label) {
+    for (; column <= fMeasure->fNuVer && label <= print.fLabelsToPrint; ++column) {
+      const int current = static_cast<int>(label);
       std::vector<std::string> problems = copies.Fill(row, column);
-      NoteLabel(label, row, column, std::move(problems));
-      NextData();
+      NoteLabel(current, row, column, std::move(problems));
+      label = print.LabelBehind(current);
+      if (label == Int64{current} + 1) {
+        NextData();
+      } else {
+        WalkTo(static_cast<int>(label));
+      }
     }
     if (label > print.fLabelsToPrint) break;
   }

@@ -10,6 +10,7 @@
 #include "kaldrix/core/TComponent.hpp"
 #include "kaldrix/core/TItemIndex.hpp"
 #include "kaldrix/core/TKDXBaseItem.hpp"
+#include "kaldrix/core/TLabelRanges.hpp"
 #include "kaldrix/core/TOwnedList.hpp"
 #include "kaldrix/core/TSvgWriting.hpp"
 #include "kaldrix/core/TUndoStack.hpp"
@@ -289,9 +290,13 @@ class TKDXBaseLabel : public TComponent {
   virtual void CheckPrintData();
   /// Narrows a planned print to some of its labels, 1-based, which then begin at the first cell of page 1.
   /// False, and nothing changes, when there are none.
-  bool SetLabelRange(int aFirst, int aLast);
+  bool SetLabelRange(int aFirst, int aLast) { return SetLabels({aFirst, aLast}); }
+  /// The same for any labels; what lies behind the last one is passed over.
+  bool SetLabels(const TLabelRanges& aLabels);
   /// The number of the label in the first cell of a page, 1-based, held inside 32 bits.
   int FirstLabelOfPage(int aPage) const;
+  /// How many labels of the print stand on that page and those after it; 0 or less when there are none.
+  Int64 LabelsFromPage(int aPage) const;
   /// One label further, in records and counters alike.
   void NextData();
   /// Fills the preview copies of a page from the current label on, and notes what stands in its cells.
@@ -545,6 +550,7 @@ class TKDXBaseLabel : public TComponent {
   TKDXLayer* BoxLayer(bool& aMade);
   void MakeBox(TKDXLayer& aLayer);
   void GoToLabel(int aLabel);
+  void WalkTo(int aLabel);
   /// Is fWalkLabel still where the walk stands? Hosts may move the data by themselves.
   bool KnowsLabel() const;
   void PlanItems();

@@ -42,6 +42,11 @@ int TKDXBasePrintInfo::FirstPageLabels() const {
   return HeldCount((rows - fFirstRow) * columns + (columns - fFirstCol) + 1);
 }
 
+Int64 TKDXBasePrintInfo::LabelBehind(int aLabel) const {
+  const int next = fOnly.IsEmpty() ? 0 : fOnly.Behind(aLabel);
+  return next > 0 ? next : Int64{aLabel} + 1;
+}
+
 bool TKDXBasePrintInfo::CountersRun() const {
   return fFillType == ftCounter || fFillType == ftFieldCount || fFillType == ftJsonCount ||
          fFillType == ftCsvCount;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "kaldrix/core/TComponent.hpp"
+#include "kaldrix/core/TLabelRanges.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/TRecord.hpp"
 #include "kaldrix/types/Enumerations.hpp"
@@ -24,6 +25,12 @@ class TKDXBasePrintInfo final : public TPersistent {
   int LabelsPerPage() const;
   /// Labels of the first sheet, which begins at fFirstRow and fFirstCol.
   int FirstPageLabels() const;
+  /// How many labels are printed.
+  Int64 LabelsOfRun() const { return fOnly.IsEmpty() ? fLabelsToPrint : fOnly.Count(); }
+  /// The number of the label that is printed at a place, both 1-based.
+  Int64 LabelAt(Int64 aPlace) const { return fOnly.IsEmpty() ? aPlace : fOnly.At(aPlace); }
+  /// The label that is printed after another; behind the last one a number above fLabelsToPrint.
+  Int64 LabelBehind(int aLabel) const;
   /// Do records, do counters drive the walk?
   bool DataRuns() const { return fFillType != ftNone && fFillType != ftCounter; }
   bool CountersRun() const;
@@ -75,8 +82,8 @@ class TKDXBasePrintInfo final : public TPersistent {
 
   // Found and moved by the walk.
   int fPagesToPrint = 0;   ///< 0 until a print has been planned
-  int fFirstOfRun = 1;     ///< the label in the first cell of page 1
   int fLabelsToPrint = 0;  ///< the last label
+  TLabelRanges fOnly;      ///< the labels of a print that was narrowed; empty for all
   int fLastPageFill = 0;
   int fCurrentPage = 0;
   int fCurrentLabel = 0;

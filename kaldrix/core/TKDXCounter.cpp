@@ -54,6 +54,11 @@ void TKDXCounter::CalcNumLabs() {
       static_cast<int>(std::clamp<Int64>(MulHeld(values, fRepeat), 0, std::numeric_limits<int>::max()));
 }
 
+Int64 TKDXCounter::LabelsToEnd() const {
+  const Int64 steps = std::max<Int64>(SubHeld(fNumTo, fNumFrom), 0) / fStep;
+  return MulHeld(AddHeld(steps, 1), fRepeat);
+}
+
 void TKDXCounter::SetNumFrom(Int64 aValue) {
   fNumFrom = aValue;
   fNumTo = std::max(fNumTo, aValue);
