@@ -122,7 +122,8 @@ void TRunWriter::OpenLedger() {
   });
 }
 
-void TRunWriter::BeginLedger() {
+void TRunWriter::Begin() {
+  if (fJob.manifest.empty()) return;
   OpenLedger();
   if (FinishedParts() > 0)
     throw ELedgerError(fJob.manifest + ": there is a ledger already: resume that run, or remove the file");
@@ -185,11 +186,10 @@ int TRunWriter::Rehearse(const std::function<void(const TRunLabel&)>& aVisit) {
 }
 
 int TRunWriter::Write() {
-  if (fJob.manifest.empty()) {
+  if (fManifest == nullptr) {
     WritePart(1, 1, fRun.Pages());
     return fLeftOut;
   }
-  if (fManifest == nullptr) BeginLedger();
   WriteMissing();
   if (IsFinished()) {
     Note(fJob.manifest + ": this run is finished; parts: " + std::to_string(FinishedParts()));
@@ -198,7 +198,7 @@ int TRunWriter::Write() {
   fManifest->GoOn(Head());
   const int pages = fRun.Pages();
   for (int page = fManifest->State().Pages() + 1; page <= pages; page = fManifest->State().Pages() + 1)
-    WritePart(FinishedParts() + 1, page, fEach < pages - page ? page + fEach - 1 : pages);
+    WritePart(FinishedParts() + 1, page, fEach <= pages - page ? page + fEach - 1 : pages);
   return fLeftOut;
 }
 

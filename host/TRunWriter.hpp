@@ -54,6 +54,8 @@ class TRunWriter {
   /// Fills every sheet without painting, and calls `aVisit` with each label. Writes nothing. Gives how many
   /// labels would be left out.
   int Rehearse(const std::function<void(const TRunLabel&)>& aVisit);
+  /// Takes the ledger, where there is to be one. Raises ELedgerError when it tells of finished parts.
+  void Begin();
   /// Takes up the ledger of an earlier session, where there is one, to go on behind its last finished part.
   /// Raises ELedgerError when it tells of another run.
   void Resume();
@@ -71,7 +73,6 @@ class TRunWriter {
  private:
   TRunHead Head() const;
   void OpenLedger();
-  void BeginLedger();
   void CheckSameRun() const;
   bool IsFinished() const { return fManifest != nullptr && fManifest->State().lastLabel >= fRun.Last(); }
 

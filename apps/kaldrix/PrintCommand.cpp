@@ -201,7 +201,7 @@ int PrintCommand::Run() const {
     Narrow(run, job, taken);
     CheckEnds(document, run);
     TRunWriter writer(document, run, job);
-    if (fResume) writer.Resume();
+    if (!fDryRun) fResume ? writer.Resume() : writer.Begin();
     if (!fOutput.empty()) writer.CheckOutputs(taken);
     return fDryRun ? Rehearse(writer, run) : Write(writer);
   });
@@ -261,8 +261,8 @@ int PrintCommand::Write(TRunWriter& aWriter) const {
     return aWriter.Write() > 0 ? 1 : 0;
   } catch (...) {
     if (const int parts = aWriter.FinishedParts(); parts > 0)
-      Tell(fManifest + ": parts that are finished and stand: " + std::to_string(parts) +
-           "; --resume goes on behind them");
+      Tell(fManifest + ": finished parts, which stand: " + std::to_string(parts) +
+           "; --resume goes on behind them, from the same document and data");
     throw;
   }
 }

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -19,15 +18,10 @@ class TFileSet {
   const std::string* Find(const std::string& aFileName) const;
 
  private:
-  /// Device and inode, or 0, 0 and the path.
-  struct TKey {
-    std::uint64_t device = 0, inode = 0;
-    std::string path;
-    auto operator<=>(const TKey&) const = default;
-  };
-  static std::optional<TKey> KeyOf(const std::string& aFileName);
+  using TIdentity = std::pair<std::uint64_t, std::uint64_t>;  ///< device and inode
 
-  std::map<TKey, std::string> fFiles;
+  std::map<TIdentity, std::string> fFiles;
+  std::map<std::string, std::string> fPaths;  ///< of those that did not exist
 };
 
 }  // namespace Zor

@@ -1,23 +1,19 @@
-// Label runs as a person starts them: what bad sources are answered with, and what a ledger keeps.
+// Label runs as a person starts them: what bad sources are answered with.
 #include <sqlite3.h>
 #include <sys/resource.h>
 
 #include <filesystem>
 #include <memory>
-#include <set>
-#include <sstream>
 
 #include "apps/Program.hpp"
 #include "host/TKDXLabel.hpp"
 #include "kaldrix/core/TKDXData.hpp"
-#include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/Files.hpp"
 
 namespace Zor {
 namespace {
 
 constexpr const char* Header = "Number;Name;Street;City;Country\n";
-constexpr int LabelsOfPage = 24;
 
 class PrintTest : public ProgramTest {
  protected:
@@ -230,12 +226,18 @@ TEST_F(PrintTest, AllQuestionsWithoutAnswersAreListed) {
   };
   ExpectFailure(answered(R"({"Lot": "L77", "Packed": "soon", "Shift": "late"})"),
                 {"Packed: 'soon' is no date"});
-  ExpectFailure(answered("[1]"), {"answers.json", "no JSON object"});
+  ExpectFailure(answered("[1]"), {"answers.json: the answers are no JSON object"});
+  ExpectFailure(answered("{\"Lot\": \"L77\""), {"answers.json: "});
+  ExpectFailure(
+      answered(R"({"Lott": "L77", "lot": "L", "LOT": "L", "Unused": 1, "Packed": {}})"),
+      {"answers.json: Questions of this print:", "Lott: there is no such question or list; there are 'Lot'",
+       "LOT: is answered twice", "Unused: no printed item asks for it", "Packed: the answer is no text",
+       "Shift: has no answer"});
   EXPECT_EQ(answered(R"({"lot": "L77", "Packed": "2026-11-23", "Shift": "late"})").status, 0);
   EXPECT_NE(Texts("out.pdf").find("L77"), std::string::npos);
 }
 
-// Ranges and ledgers ---------------------------------------------------------------------------------
+// Ranges ---------------------------------------------------------------------------------
 
 TEST_F(PrintTest, PartsPutTogetherAreTheWhole) {
   ASSERT_EQ(Addresses("").status, 0);
@@ -256,6 +258,58 @@ TEST_F(PrintTest, PartsPutTogetherAreTheWhole) {
   EXPECT_EQ(Texts("out.pdf").find("Name 50"), 0U);
 }
 
+TEST_F(PrintTest, ListsOfLabelsArePrintedInTheOrderOfTheRun) {
+  const TOutcome done = Addresses("--labels 99-120,5-20,3,15-30 --manifest " + File("ledger"));
+  EXPECT_EQ(done.status, 0);
+  EXPECT_NE(done.text.find("the run ends with label 100"), std::string::npos) << done.text;
+  std::string labels = "3\n";
+  for (int label = 5; label <= 30; ++label) labels += std::to_string(label) + "\n";
+  EXPECT_EQ(Shell("grep -o '\"label\":[0-9]*' " + File("ledger") + " | cut -d: -f2").text,
+            labels + "99\n100\n");
+  const std::string second = Shell("pdftotext -f 2 " + File("out-0001.pdf") + " -").text;
+  for (const char* name : {"Name 28\n", "Name 29\n", "Name 30\n", "Name 99\n", "Name 100\n"})
+    EXPECT_NE(second.find(name), std::string::npos) << name;
+  for (const char* name : {"Name 27\n", "Name 31\n"}) EXPECT_EQ(second.find(name), std::string::npos) << name;
+  Shell("rm " + File("out-0001.pdf"));
+  ExpectFailure(Addresses("--labels 3,101-"), {"no label 101"});
+}
+
+TEST_F(PrintTest, ADryRunTellsAndWritesNothing) {
+  const std::string print = "print " + Example("labels/asset-tags.json") + " --csv " +
+                            Write("tags.csv", "name,room,bought,url\nA,1,d,http://a\nB,2,d,http://b\n");
+  const TOutcome done = Kaldrix(print + " --dry-run --labels 90-,2");
+  EXPECT_EQ(done.status, 0);
+  for (const char* part : {"labels: 8 of 96: 2,90-96", "pages: 1",
+                           "first label 2: page 1, row 1, column 1, record 2, Tag 'A-01202'",
+                           "last label 96: page 1, row 3, column 2, record 2, Tag 'A-01296'",
+                           "the records end at label 2: labels 90 to 96 show the last record again"})
+    EXPECT_NE(done.text.find(part), std::string::npos) << part << " in " << done.text;
+  const TOutcome named =
+      Kaldrix(print + " --dry-run --part 1 -o " + File("out.pdf") + " --manifest " + File("out.ledger"));
+  EXPECT_NE(named.text.find("files: 4: " + File("out-0001.pdf")), std::string::npos) << named.text;
+  Write("tags.csv", "name,room,bought,url\nA,1,d,http://a\nB,2,d\n");
+  ExpectFailure(Kaldrix(print + " --dry-run -o " + File("out.pdf")), {"label 2, record 2", "tags.csv:3"});
+}
+
+TEST_F(PrintTest, ACounterAtItsEndIsNotRepeatedSilently) {
+  std::string lines = "name,room,bought,url\n";
+  for (int i = 0; i < 98; ++i) lines += "A,1,d,http://a\n";
+  const std::string tags = "--csv " + Write("tags.csv", lines) + " ";
+  ExpectFailure(
+      Print("asset-tags", tags),
+      {"counter 'Tag' ends at label 96: labels 97 to 98 would show 'A-01296' again", "--counter-repeat"});
+  EXPECT_EQ(Print("asset-tags", tags + "--labels 1-96").status, 0);
+  const TOutcome allowed = Print("asset-tags", tags + "--counter-repeat");
+  EXPECT_EQ(allowed.status, 0);
+  EXPECT_NE(allowed.text.find("labels 97 to 98"), std::string::npos) << allowed.text;
+
+  std::string steps = ReadFile(Example("labels/asset-tags.json"));
+  steps.replace(steps.find("\"Step\": 1"), 9, "\"Step\": 5");
+  const TOutcome uneven =
+      Kaldrix("print --dry-run --labels 1-19 --csv " + File("tags.csv") + " " + Write("steps.json", steps));
+  EXPECT_EQ(uneven.status, 0) << uneven.text;
+}
+
 TEST_F(PrintTest, TheFirstSheetMayBeUsedAlready) {
   ASSERT_EQ(Addresses("--start-row 8 --start-col 2").status, 0);
   const std::string first = Shell("pdftotext -l 1 " + File("out.pdf") + " -").text;
@@ -263,70 +317,37 @@ TEST_F(PrintTest, TheFirstSheetMayBeUsedAlready) {
   EXPECT_EQ(first.find("Name 3\n"), std::string::npos);
   Shell("rm " + File("out.pdf"));
   ExpectFailure(Addresses("--start-row 9"), {"no row 9"});
-  ExpectFailure(Addresses("--labels 101-"), {"100 labels, none of them from 101"});
-}
-
-TEST_F(PrintTest, ALedgerTellsEveryCell) {
-  ASSERT_EQ(Addresses("--start-col 2 --part 2 --manifest " + File("ledger")).status, 0);
-  std::istringstream lines(ReadFile(File("ledger")));
-  int label = 0, part = 0;
-  for (std::string text; std::getline(lines, text);) {
-    const auto json = TJsonBaseObject::Parse(text);
-    const TJsonObject& line = *json->AsObject();
-    if (line.Contains("run")) {
-      EXPECT_EQ(line.FindObject("run")->GetInt("labels"), 100);
-    } else if (line.Contains("part")) {
-      EXPECT_EQ(line.GetInt("part"), ++part);
-      EXPECT_EQ(line.GetInt("lastLabel"), label);
-    } else {
-      const int cell = label++ + 1;  // the first cell of the run is left free
-      EXPECT_EQ(line.GetInt("label"), label);
-      EXPECT_EQ(line.GetInt("record"), label);
-      EXPECT_EQ(line.GetInt("page"), cell / LabelsOfPage + 1);
-      EXPECT_EQ(line.GetInt("row"), cell % LabelsOfPage / 3 + 1);
-      EXPECT_EQ(line.GetInt("column"), cell % 3 + 1);
-      EXPECT_EQ(line.GetString("file"), "out-000" + std::to_string(part + 1) + ".pdf");
-    }
-  }
-  EXPECT_EQ(label, 100);
-  EXPECT_EQ(part, 3);
-  EXPECT_EQ(Addresses("--start-col 2 --part 2 --manifest " + File("ledger")).status, 1)
-      << "it is there already";
-}
-
-TEST_F(PrintTest, LabelsAreReprintedFromUnchangedDataOnly) {
-  const std::string ledger = " --manifest " + File("ledger");
-  const std::string print =
-      "print " + Example("labels/asset-tags.json") + " --csv " +
-      Write("tags.csv", "name,room,bought,url\nA,1,d,http://a\nB,2,d,http://b\nC,3,d,http://c\n");
-  ASSERT_EQ(Kaldrix(print + " -o " + File("run.pdf") + ledger).status, 0);
-  ASSERT_EQ(Kaldrix(print + " -o " + File("again.pdf") + ledger + " --reprint 50-52").status, 0);
-  const std::string texts = Texts("again.pdf");
-  for (const char* tag : {"A-01250", "A-01251", "A-01252"})
-    EXPECT_NE(texts.find(tag), std::string::npos) << tag;
-  EXPECT_EQ(texts.find("A-01253"), std::string::npos);
-  ExpectFailure(Kaldrix(print + " -o " + File("out.pdf") + ledger + " --reprint 500-"), {"500"});
-  Write("tags.csv", "name,room,bought,url\nA,1,d,http://a\nB,2,d,http://b\nX,3,d,http://c\n");
-  ExpectFailure(Kaldrix(print + " -o " + File("out.pdf") + ledger + " --reprint 50-52"),
-                {"ledger", "the data or the answers have changed"});
-  ExpectFailure(Kaldrix(print + " -o " + File("run.pdf") + ledger + " --resume"), {"ledger", "another run"});
-}
-
-TEST_F(PrintTest, AKilledRunGoesOn) {
-  const TOutcome done = Shell(KALDRIX_SOURCE_DIR "/scripts/kill-and-resume 3 " KALDRIX_PROGRAM);
-  EXPECT_EQ(done.status, 0) << done.text;
+  ExpectFailure(Addresses("--labels 101-"), {"100 labels", "no label 101"});
 }
 
 TEST_F(PrintTest, WrongUseIsTwo) {
   const std::string ledger = " --manifest " + File("ledger");
-  for (const std::string& options : std::initializer_list<std::string>{
-           "--json a.json", "--sqlite a.db", "--query 'select 1'", "--labels 5-3", "--labels 0-3",
-           "--labels x", "--start-row 0", "--resume", "--reprint 1-2", "--part 3", "--part 0" + ledger,
-           "--resume --reprint 1" + ledger, "--labels 1 --reprint 1" + ledger, "--sep .", "--quote x",
-           "--format bmp", "--dpi 0", "-o -" + ledger, "--no-such"}) {
+  for (const std::string& options : std::initializer_list<std::string>{"--json a.json",
+                                                                       "--sqlite a.db",
+                                                                       "--query 'select 1'",
+                                                                       "--labels 5-3",
+                                                                       "--labels 0-3",
+                                                                       "--labels x",
+                                                                       "--start-row 0",
+                                                                       "--resume",
+                                                                       "--reprint 1-2",
+                                                                       "--part 3",
+                                                                       "--labels 1,,3",
+                                                                       "--labels 1,",
+                                                                       "--dry-run --resume" + ledger,
+                                                                       "--part 0" + ledger,
+                                                                       "--resume --reprint 1" + ledger,
+                                                                       "--labels 1 --reprint 1" + ledger,
+                                                                       "--sep .",
+                                                                       "--quote x",
+                                                                       "--format bmp",
+                                                                       "--dpi 0",
+                                                                       "-o -" + ledger,
+                                                                       "--no-such"}) {
     EXPECT_EQ(Kaldrix("print a.json -o out.pdf --csv b.csv " + options).status, 2) << options;
   }
   EXPECT_EQ(Kaldrix("print a.json --csv b.csv").status, 2);
+  EXPECT_EQ(Kaldrix("print - -o out.pdf --answers -").status, 2);
   EXPECT_EQ(Kaldrix("print a.json -o out.txt").status, 2);
 }
 
