@@ -23,7 +23,7 @@ void TFileSet::Add(const std::string& aFileName, const std::string& aWhat) {
   if (aFileName.empty()) return;
   struct stat info {};
   if (::stat(aFileName.c_str(), &info) != 0) {
-    fPaths.emplace(PathOf(aFileName), aWhat);
+    if (const std::string path = PathOf(aFileName); !path.empty()) fPaths.emplace(path, aWhat);
   } else if (S_ISREG(info.st_mode)) {
     fFiles.emplace(TIdentity{info.st_dev, info.st_ino}, aWhat);
   }

@@ -305,9 +305,12 @@ TEST_F(PrintTest, ACounterAtItsEndIsNotRepeatedSilently) {
 
   std::string steps = ReadFile(Example("labels/asset-tags.json"));
   steps.replace(steps.find("\"Step\": 1"), 9, "\"Step\": 5");
+  Write("tags.csv", "name,room,bought,url\nA,1,d,http://a\n");
   const TOutcome uneven =
-      Kaldrix("print --dry-run --labels 1-19 --csv " + File("tags.csv") + " " + Write("steps.json", steps));
-  EXPECT_EQ(uneven.status, 0) << uneven.text;
+      Kaldrix("print --dry-run --csv " + File("tags.csv") + " " + Write("steps.json", steps));
+  EXPECT_EQ(uneven.status, 0);
+  EXPECT_NE(uneven.text.find("the run ends at label 19: no label comes to 'A-01296'"), std::string::npos)
+      << uneven.text;
 }
 
 TEST_F(PrintTest, TheFirstSheetMayBeUsedAlready) {

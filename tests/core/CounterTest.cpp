@@ -29,6 +29,7 @@ TEST(Counter, MovesAsItWalks) {
     walked.Next();
   }
   EXPECT_EQ(walked.fNumLabs, 4) << "whole steps only";
+  EXPECT_EQ(walked.LabelsToEnd(), 6);
 }
 
 TEST(Counter, StopsAtTheEndOfItsType) {

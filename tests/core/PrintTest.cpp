@@ -204,6 +204,48 @@ TEST_F(Print, APartOfThePrintBeginsAtTheFirstCell) {
   EXPECT_EQ(Page(1), "ABCDEF");
 }
 
+TEST_F(Print, ChosenLabelsStandInTheOrderOfThePrint) {
+  Records(std::vector<int>(20, 1));
+  Bind("{Name");
+  doc.CheckPrintData();
+  EXPECT_FALSE(doc.SetLabels({}));
+  EXPECT_TRUE(doc.SetLabels(*TLabelRanges::Parse("19-,3,7-9,1,8-12")));
+  EXPECT_EQ(print.fOnly.Text(), "1,3,7-12,19-20");
+  EXPECT_EQ(print.fPagesToPrint, 2);
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(Page(2), "KLST--");
+    EXPECT_EQ(Page(1), "ACGHIJ");
+    EXPECT_EQ(Page(2), "KLST--");
+  }
+  EXPECT_EQ(doc.GetPageLabels().back().label, 20);
+  EXPECT_EQ(doc.LabelsFromPage(2), 4);
+}
+
+TEST(LabelRanges, AreToldInAnyOrder) {
+  const std::pair<const char*, const char*> cases[] = {{"5", "5"},
+                                                       {"5-7", "5-7"},
+                                                       {"5-", "5-"},
+                                                       {"7,5-6", "5-7"},
+                                                       {"1-3,5", "1-3,5"},
+                                                       {"9-,2,9", "2,9-"},
+                                                       {"1,3,2", "1-3"},
+                                                       {"2-5,1-9,20", "1-9,20"},
+                                                       {"8-9,1-2,4-5,3-7", "1-9"},
+                                                       {"2147483647", "2147483647"}};
+  for (const auto& [text, told] : cases) EXPECT_EQ(TLabelRanges::Parse(text).value().Text(), told) << text;
+  for (const char* text : {"", ",", "1,", "0", "5-3", "-3", "1--3", " 1", "x", "2147483648", "1;2"})
+    EXPECT_FALSE(TLabelRanges::Parse(text)) << text;
+  const TLabelRanges ranges = *TLabelRanges::Parse("2,4-6,9-");
+  EXPECT_EQ(ranges.UpTo(5).Text(), "2,4-5");
+  EXPECT_EQ(ranges.UpTo(10).Count(), 6);
+  const int places[] = {2, 4, 5, 6, 9, 10};
+  for (int i = 0; i < 6; ++i) EXPECT_EQ(ranges.At(i + 1), places[i]);
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(ranges.Behind(places[i]), places[i + 1]);
+  EXPECT_EQ(ranges.Behind(7), 9);
+  EXPECT_EQ(ranges.UpTo(6).Behind(6), 0);
+  EXPECT_TRUE(ranges.Has(4) && ranges.Has(2000) && !ranges.Has(3) && !ranges.Has(1));
+}
+
 TEST_F(Print, AHostMayMoveTheDataInBetween) {
   Records(std::vector<int>(20, 1));
   Bind("{Name");

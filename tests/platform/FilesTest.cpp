@@ -6,6 +6,8 @@
 
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/TAppendFile.hpp"
+#include "kaldrix/platform/TTemporaryFile.hpp"
 
 namespace Zor {
 namespace {
@@ -43,6 +45,29 @@ TEST_F(FilesTest, WritesWholeFilesAndLeavesNothingBeside) {
   CopyFile(In("a"), In("b"));
   EXPECT_EQ(ReadFile(In("b")), bytes);
   EXPECT_EQ(EntryCount(), 2);
+}
+
+TEST_F(FilesTest, OnlyWhatAKillLeftOfItsTargetsIsRemoved) {
+  const std::vector<std::string> stays{"a.pdf",          "a.pdf.tmp",        "a.pdf.4-.tmp", "a.pdf.-1.tmp",
+                                       "a.pdf.4-1.tmpx", "b.pdf.4711-0.tmp", ".4-1.tmp"};
+  for (const std::string& name : stays) WriteFileAtomically(In(name), "");
+  for (const char* name : {"a.pdf.4711-0.tmp", "a.pdf.1-22.tmp"}) WriteFileAtomically(In(name), "");
+  RemoveLeftTemporaryFiles(fFolder, [](const std::string& target) { return target == "a.pdf"; });
+  for (const std::string& name : stays) EXPECT_TRUE(FileExists(In(name))) << name;
+  EXPECT_EQ(EntryCount(), static_cast<int>(stays.size()));
+}
+
+TEST_F(FilesTest, AJournalIsInOneHandOnly) {
+  auto journal = std::make_unique<TAppendFile>(In("journal"));
+  journal->Append("one\ntwo\n");
+  EXPECT_NE(MessageOf([&] { TAppendFile(In("journal")); }).find("another session"), std::string::npos);
+  journal->Cut(4);
+  journal->Append("three\n");
+  journal.reset();
+  TAppendFile again(In("journal"));
+  EXPECT_EQ(ReadFile(In("journal")), "one\nthree\n");
+  again.Remove();
+  EXPECT_EQ(EntryCount(), 0);
 }
 
 TEST_F(FilesTest, KeepsPermissionsAndLinks) {
