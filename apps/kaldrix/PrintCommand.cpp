@@ -187,14 +187,7 @@ int PrintCommand::Run() const {
     job.document = SumOf(bytes, *document.fData);
   }
   ProgressLine progress(fQuiet);
-  job.onPage = [&](int page, int pages) { progress.Show("page", page, pages); };
-  job.onNote = [&](const std::string& text) {
-    progress.Clear();
-    Tell(text);
-  };
-  job.onLeftOut = [&](const TRunLabel& label) {
-    job.onNote(ToldName(fInput) + ": left out: " + TRunWriter::Told(label));
-  };
+  Listen(job, progress);
   return Named(fInput, [&] {
     TFileSet taken = Taken(document);
     if (fStartRow > 1 || fStartCol > 1) run.StartAt(fStartRow, fStartCol);
@@ -205,6 +198,17 @@ int PrintCommand::Run() const {
     if (!fOutput.empty()) writer.CheckOutputs(taken);
     return fDryRun ? Rehearse(writer, run) : Write(writer);
   });
+}
+
+void PrintCommand::Listen(TRunJob& aJob, ProgressLine& aProgress) const {
+  aJob.onPage = [&aProgress](int page, int pages) { aProgress.Show("page", page, pages); };
+  aJob.onNote = [&aProgress](const std::string& text) {
+    aProgress.Clear();
+    Tell(text);
+  };
+  aJob.onLeftOut = [this, tell = aJob.onNote](const TRunLabel& label) {
+    tell(ToldName(fInput) + ": left out: " + TRunWriter::Told(label));
+  };
 }
 
 TFileSet PrintCommand::Taken(const TKDXLabel& aDocument) const {

@@ -5,6 +5,7 @@
 
 #include "apps/kaldrix/Command.hpp"
 #include "apps/kaldrix/PrintSource.hpp"
+#include "apps/kaldrix/ProgressLine.hpp"
 #include "host/TRunWriter.hpp"
 
 namespace Zor::Program {
@@ -22,6 +23,7 @@ class PrintCommand final : public Command {
   void CheckUse();
   void CheckOutputUse() const;
   TRunJob Job() const;
+  void Listen(TRunJob& aJob, ProgressLine& aProgress) const;
   /// What must not be written to.
   TFileSet Taken(const TKDXLabel& aDocument) const;
   void CheckHeader(const TKDXLabel& aDocument) const;

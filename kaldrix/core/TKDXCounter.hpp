@@ -34,8 +34,8 @@ class TKDXCounter final : public TPersistent {
   // ----------------------------------------------------------------
 
   void CalcNumLabs();
-  /// How many labels have a value of their own, `fRepeat` for each value; the labels behind show the last value
-  /// again. With steps that do not fit the range this is more than fNumLabs, which rounds down.
+  /// How many labels have a value of their own, `fRepeat` for each value; the labels behind show the last
+  /// value again. With steps that do not fit the range this is more than fNumLabs, which rounds down.
   Int64 LabelsToEnd() const;
   /// Takes the other end along so that from stays at or before to.
   void SetNumFrom(Int64 aValue);
