@@ -170,7 +170,7 @@ std::string TRunHead::Difference(const TRunHead& aOther) const {
 std::string TRunHead::SourceDifference(const TRunHead& aOther) const {
   if (data != aOther.data) return "the data or the answers";
   if (aOther.document && document != aOther.document)
-    return "the document, or what tells how its records are read";
+    return "the document, or an option by which it is read and drawn";
   return {};
 }
 

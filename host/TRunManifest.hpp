@@ -42,7 +42,8 @@ struct TRunHead {
   std::string output;      ///< the name from which those of the parts are made
   std::string form;        ///< of the files; empty in ledgers of older versions
   std::uint32_t data = 0;  ///< checksum of the answers and of the source, as far as it is a text
-  /// Checksum of the document and of what tells how its records are read; none in ledgers of older versions.
+  /// Checksum of the document and of the options by which it is read and drawn; none in ledgers of older
+  /// versions.
   std::optional<std::uint32_t> document;
 
   /// What differs, in words; empty when nothing does. What the other one does not tell is passed over.

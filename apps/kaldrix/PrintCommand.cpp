@@ -58,12 +58,13 @@ auto Named(const std::string& aFile, TStep aStep) {
 
 void Tell(const std::string& aText) { std::cerr << "kaldrix: " << aText << '\n'; }
 
-/// The checksum of a document with what else decides how its records are read.
-std::uint32_t SumOf(std::uint32_t aBytes, const TKDXData& aData) {
+/// The checksum of a document with the options that decide how its records are read and its labels look.
+std::uint32_t SumOf(std::uint32_t aBytes, const TKDXData& aData, std::initializer_list<int> aLook) {
   std::string text = aData.fDataSel + '\n' + aData.fFieldRepeat;
   for (const int value : {int{aData.fType}, int{aData.fCsvSep}, int{aData.fCsvQuote}, int{aData.fCsvHeader},
                           int{aData.fCsvCode}})
     text += '\n' + std::to_string(value);
+  for (const int value : aLook) text += '\n' + std::to_string(value);
   return CheckSum(text, aBytes);
 }
 
@@ -184,7 +185,7 @@ int PrintCommand::Run() const {
   TRunJob job = Job();
   if (!fManifest.empty()) {
     job.data = CheckSum(fAnswers.empty() ? "" : answers, fSource.Sum(document));
-    job.document = SumOf(bytes, *document.fData);
+    job.document = SumOf(bytes, *document.fData, {int{fPad}, int{fSvgText}});
   }
   ProgressLine progress(fQuiet);
   Listen(job, progress);
