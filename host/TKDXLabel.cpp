@@ -30,6 +30,13 @@ TKDXLabel::TKDXLabel(std::shared_ptr<TFontEngine> aFonts, TComponent* aOwner)
 
 TKDXLabel::~TKDXLabel() = default;
 
+void TKDXLabel::CheckPrintData() {
+  TKDXData& data = *fData;
+  const bool csv = data.fLinkData && data.fType == dtyCsv;
+  if (csv && (data.fCsvOpen != nullptr || FileExists(data.fCsvFileName))) data.RefreshCsvFields();
+  TKDXLabelOf::CheckPrintData();
+}
+
 void TKDXLabel::Print() { throw EInvalidOperation("There is no printer: export a PDF and print that"); }
 
 void TKDXLabel::ExportDoc(TZORExport aType, const std::string& aFilename, int aPage, Single aScale,

@@ -19,6 +19,9 @@ class TKDXLabel : public TKDXLabelOf<THostItem> {
   TFontEngine& Fonts() const { return *fFonts; }
 
   void PrinterChanged() override {}
+  /// Where the records are those of a CSV file, its columns are described anew first: a file may have changed
+  /// since the document was written.
+  void CheckPrintData() override;
   /// There is no printer: raises EInvalidOperation.
   void Print() override;
   /// Writes a PDF or PNG; other kinds raise EArgumentException. `aPage` as in TExportOptions. `aScale` is for

@@ -31,7 +31,7 @@ std::string Missing(const char* aKind, const std::string& aName, const TOwnedLis
 
 std::string MissingField(const TKDXData& aData, const std::string& aName) {
   std::vector<std::string> names;
-  if (const TKDXDatasetItem* source = aData.GetDataset(aData.fDataSel)) {
+  if (const TKDXDatasetItem* source = aData.Source()) {
     for (const auto& field : source->fFields) names.push_back(field->fCaption);
   }
   return "field '" + aName + "'" + NameHint(aName, names);
@@ -67,11 +67,8 @@ std::string TLabelRun::MissingBinding(TZORFillType aFill, const std::string& aNa
                                                                   : Missing("question", aName, data.fListAsk);
     case ftField:
     case ftJson:
-    case ftCsv: {
-      // A record of JSON need not have every key.
-      const bool fixed = data.fType == dtyCsv || data.fType == dtyDataset;
-      return !fixed || data.GetCsvPos(aName) >= 0 ? "" : MissingField(data, aName);
-    }
+    case ftCsv:
+      return data.Records() == 0 || data.Offers(aName) ? "" : MissingField(data, aName);
     default:
       return {};
   }

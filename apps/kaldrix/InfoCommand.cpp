@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <array>
 
+#include "apps/kaldrix/DataInfo.hpp"
 #include "apps/kaldrix/Documents.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/core/JsonFields.hpp"
@@ -55,6 +56,7 @@ std::unique_ptr<TJsonObject> Describe(const TKDXLabel& aDocument) {
     entry.PutBool("visible", layer->fOptions.Has(lopVisible));
     entry.PutBool("exported", layer->fOptions.Has(lopExport));
   }
+  DescribeData(aDocument, *json);
   return json;
 }
 
@@ -75,7 +77,7 @@ std::string AsText(TJsonObject& aInfo) {
     if (!layer.GetBool("visible")) text += ", hidden";
     if (!layer.GetBool("exported")) text += ", not exported";
   }
-  return text + "\n";
+  return text + DataText(aInfo) + "\n";
 }
 
 }  // namespace

@@ -177,6 +177,8 @@ int PrintCommand::Run() const {
   CheckHeader(document);
   document.fPrintInfo->fPadCodes = fPad;
   Named(fInput, [&] {
+    const std::string repeat = fKeepGoing ? std::string() : document.fData->RepeatProblem();
+    if (!repeat.empty()) throw Exception(repeat);
     run.CheckBindings();
     CheckLiteralCodes(document);
   });

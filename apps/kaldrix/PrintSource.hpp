@@ -2,9 +2,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "apps/kaldrix/CsvOptions.hpp"
 #include "host/TKDXLabel.hpp"
+#include "kaldrix/json/TJsonFile.hpp"
 #include "kaldrix/platform/TDataSet.hpp"
 #include "kaldrix/platform/TFileSet.hpp"
 
@@ -21,22 +24,28 @@ class PrintSource {
 
   /// Binds a document to the source that was asked for, else to the one that the document itself names, whose
   /// relative file name starts at the folder of `aDocumentName`. The source must outlive the document's walk.
-  /// Raises Exception that names the file.
+  /// Raises Exception that names the file, also for a source or repeat field that is not there, and
+  /// CLI::ValidationError for options that do not go together.
   void Attach(TKDXLabel& aDocument, const std::string& aDocumentName);
   /// The checksum of what the records are made from: of a text source its bytes, of a database the query.
   std::uint32_t Sum(const TKDXLabel& aDocument) const;
   /// Adds the files that the records come from.
   void AddFiles(TFileSet& aFiles, const TKDXLabel& aDocument) const;
-  bool ReadsStandardInput() const { return fCsv == "-" || fJson == "-"; }
+  bool ReadsStandardInput() const { return fCsv.File() == "-" || fJson == "-"; }
 
  private:
-  void AttachCsv(TKDXLabel& aDocument) const;
-  void AttachJson(TKDXLabel& aDocument) const;
-  void AttachSqlite(TKDXLabel& aDocument);
-  void Select(TKDXLabel& aDocument, TZORDataType aType, const std::string& aFile) const;
+  void CheckUse(const TKDXData& aData) const;
+  void AttachJson(TKDXData& aData);
+  void AttachSqlite(TKDXData& aData);
+  void AttachOwn(TKDXData& aData, const std::string& aDocumentName) const;
+  void AttachOwnCsv(TKDXData& aData, const std::string& aDocumentName) const;
+  void SelectArray(TKDXData& aData, const std::string& aFile) const;
+  void TakeRepeat(TKDXData& aData, const std::string& aDocumentName) const;
 
-  std::string fCsv, fSep, fQuote = "\"", fJson, fSqlite, fQuery, fName, fRepeat;
-  bool fNoHeader = false;
+  CsvOptions fCsv;
+  std::string fJson, fSqlite, fQuery, fName;
+  std::optional<std::string> fRepeat;
+  std::shared_ptr<const TJsonFile> fJsonFile;
   std::unique_ptr<TDataSet> fDataSet;
 };
 

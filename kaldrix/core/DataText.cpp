@@ -1,6 +1,7 @@
 #include "kaldrix/core/DataText.hpp"
 
 #include "kaldrix/platform/TextNumbers.hpp"
+#include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Base {
 
@@ -76,6 +77,12 @@ std::string ColumnText(std::string aText, const std::string& aFormat) {
   if (aFormat.empty()) return aText;
   const std::optional<double> number = TextToNumber(aText);
   return number ? FormatFloat(aFormat, *number) : aText;
+}
+
+std::string RepeatFault(const std::string& aField, const std::string& aValue) {
+  if (TextToWhole(aValue)) return {};
+  if (Trim(aValue).empty()) return "'" + aField + "' tells no number of labels";
+  return "'" + aField + "' tells the number of labels, and '" + aValue + "' is no whole number";
 }
 
 double FieldNumber(const TField& aField) {

@@ -17,6 +17,9 @@ std::string JsonText(const TJsonObject* aRecord, std::string_view aKey, const st
 /// A column: by FormatFloat where there is a format and the text is a number.
 std::string ColumnText(std::string aText, const std::string& aFormat);
 
+/// Empty, or why the value of a field is no whole number of labels; a value that is none is empty.
+std::string RepeatFault(const std::string& aField, const std::string& aValue);
+
 /// As numbers: 0 for what is no number.
 double FieldNumber(const TField& aField);
 double JsonNumber(const TJsonObject* aRecord, std::string_view aKey);

@@ -10,10 +10,10 @@ namespace Zor::inline Base {
 
 TCsvWalk::TCsvWalk(const TKDXData& aData)
     : fData(aData),
-      fFile(TCsvFile::Open(aData.fCsvFileName, aData.fCsvCode)),
+      fFile(aData.fCsvOpen != nullptr ? aData.fCsvOpen : TCsvFile::Open(aData.fCsvFileName, aData.fCsvCode)),
       fHeader(aData.fCsvHeader ? 1 : 0) {
-  fFile->SetForm(aData.CsvForm());
-  fFile->GoTo(Position());
+  if (fFile != aData.fCsvOpen) fFile->SetForm(aData.CsvForm());
+  fFile->GoTo(Line());
 }
 
 int TCsvWalk::Records() const { return std::max(fFile->LineCount() - fHeader, 0); }
@@ -21,7 +21,7 @@ int TCsvWalk::Records() const { return std::max(fFile->LineCount() - fHeader, 0)
 bool TCsvWalk::GoTo(int aRecord) {
   if (aRecord < 1 || aRecord > Records()) return false;
   fRecord = aRecord;
-  fFile->GoTo(Position());
+  fFile->GoTo(Line());
   return true;
 }
 
@@ -30,7 +30,14 @@ bool TCsvWalk::TakeRepeat(const std::string& aField) {
   return fRepeat >= 0;
 }
 
-Int64 TCsvWalk::Repeat() const { return TextToWhole(fFile->RawColumn(Position(), fRepeat)).value_or(1); }
+Int64 TCsvWalk::Repeat() const { return TextToWhole(fFile->RawColumn(Line(), fRepeat)).value_or(1); }
+
+std::string TCsvWalk::RepeatProblem() const {
+  const std::string fault = RepeatFault(fData.fFieldRepeat, std::string(fFile->RawColumn(Line(), fRepeat)));
+  return fault.empty() ? fault : Told({{Position(), 0, fault}}).front();
+}
+
+bool TCsvWalk::Offers(const std::string& aField) { return fData.GetCsvPos(aField) >= 0; }
 
 std::string TCsvWalk::Value(const std::string& aField, const std::string& aFormat) const {
   if (Records() == 0) return {};
@@ -50,7 +57,7 @@ std::vector<std::string> TCsvWalk::Told(const std::vector<TCsvProblem>& aProblem
 }
 
 std::vector<std::string> TCsvWalk::RecordProblems() const {
-  const TKDXDatasetItem* source = fData.GetDataset(fData.fDataSel);
+  const TKDXDatasetItem* source = fData.Source();
   return Records() == 0 ? std::vector<std::string>()
                         : Told(fFile->Problems(source == nullptr ? 0 : source->fFields.Count()));
 }
@@ -59,7 +66,7 @@ std::vector<std::string> TCsvWalk::HeaderProblems() {
   if (fHeader == 0 || fFile->LineCount() == 0) return {};
   fFile->GoTo(1);
   std::vector<std::string> problems = Told(fFile->HeaderProblems());
-  fFile->GoTo(Position());
+  fFile->GoTo(Line());
   return problems;
 }
 

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "kaldrix/core/DataText.hpp"
+#include "kaldrix/platform/TextNumbers.hpp"
 
 namespace Zor::inline Base {
 
@@ -52,9 +53,17 @@ bool TDatasetWalk::TakeRepeat(const std::string& aField) {
 
 Int64 TDatasetWalk::Repeat() const { return fDataset.FieldByName(fRepeat).AsInteger(); }
 
-Int64 TDatasetWalk::SumRepeats() {
+std::string TDatasetWalk::RepeatProblem() const {
+  const TField& field = fDataset.FieldByName(fRepeat);
+  // A number with a point may be whole, too.
+  const bool whole =
+      !field.IsNull() && TextToNumber(field.AsString()) == static_cast<double>(field.AsInteger());
+  return whole ? std::string() : RepeatFault(fRepeat, field.IsNull() ? std::string() : field.AsString());
+}
+
+Int64 TDatasetWalk::SumLabels() {
   const TControlsOff off(fDataset);
-  return TSourceWalk::SumRepeats();
+  return TSourceWalk::SumLabels();
 }
 
 std::string TDatasetWalk::Value(const std::string& aField, const std::string& aFormat) const {

@@ -16,7 +16,9 @@ class TDatasetWalk final : public TSourceWalk {
   bool Next() override;
   bool TakeRepeat(const std::string& aField) override;
   Int64 Repeat() const override;
-  Int64 SumRepeats() override;
+  std::string RepeatProblem() const override;
+  Int64 SumLabels() override;
+  bool Offers(const std::string& aField) override { return fDataset.FindField(aField) != nullptr; }
   std::string Value(const std::string& aField, const std::string& aFormat) const override;
 
  private:

@@ -8,9 +8,15 @@ namespace Zor::inline Base {
 std::unique_ptr<TJsonWalk> TJsonWalk::Open(const std::string& aText, const std::string& aKey) {
   auto root = TJsonBaseObject::Parse(aText);
   const TJsonObject* object = root == nullptr ? nullptr : root->AsObject();
-  TJsonArray* rows = object == nullptr ? nullptr : object->FindArray(aKey);
+  const TJsonArray* rows = object == nullptr ? nullptr : object->FindArray(aKey);
   if (rows == nullptr) return nullptr;
-  return std::unique_ptr<TJsonWalk>(new TJsonWalk(std::move(root), *rows));
+  return std::unique_ptr<TJsonWalk>(new TJsonWalk(std::make_unique<TParsedRows>(std::move(root), *rows)));
+}
+
+std::unique_ptr<TJsonWalk> TJsonWalk::Open(std::shared_ptr<const TJsonFile> aFile, const std::string& aKey) {
+  const TJsonFile::TArray* rows = aFile->Find(aKey);
+  if (rows == nullptr) return nullptr;
+  return std::unique_ptr<TJsonWalk>(new TJsonWalk(std::make_unique<TFileRows>(std::move(aFile), *rows)));
 }
 
 bool TJsonWalk::GoTo(int aRecord) {
@@ -20,7 +26,7 @@ bool TJsonWalk::GoTo(int aRecord) {
 }
 
 const TJsonObject* TJsonWalk::JsonRecord() const {
-  return fRecord <= Records() ? fRows.GetItem(fRecord - 1).AsObject() : nullptr;
+  return fRecord <= Records() ? fRows->Row(fRecord - 1) : nullptr;
 }
 
 bool TJsonWalk::TakeRepeat(const std::string& aField) {
@@ -29,12 +35,30 @@ bool TJsonWalk::TakeRepeat(const std::string& aField) {
   return first != nullptr && first->Contains(aField);
 }
 
-Int64 TJsonWalk::Repeat() const {
+const TJsonDataValue* TJsonWalk::RepeatValue() const {
   const TJsonObject* record = JsonRecord();
-  const TJsonDataValue* value = record == nullptr ? nullptr : record->Find(fRepeat);
+  return record == nullptr ? nullptr : record->Find(fRepeat);
+}
+
+Int64 TJsonWalk::Repeat() const {
+  const TJsonDataValue* value = RepeatValue();
   if (value == nullptr || value->Type() < jdtString || value->Type() > jdtFloat) return 0;
   if (value->Type() != jdtString) return value->GetLong();
   return TextToWhole(value->GetStringView()).value_or(0);
+}
+
+std::string TJsonWalk::RepeatProblem() const {
+  const TJsonDataValue* value = RepeatValue();
+  const bool told = value != nullptr && value->Type() >= jdtString && value->Type() <= jdtBool;
+  return RepeatFault(fRepeat, told ? value->GetString() : std::string());
+}
+
+bool TJsonWalk::Offers(const std::string& aField) {
+  for (int i = 0; i < Records(); ++i) {
+    const TJsonObject* row = fRows->Row(i);
+    if (row != nullptr && row->Contains(aField)) return true;
+  }
+  return false;
 }
 
 std::string TJsonWalk::Value(const std::string& aField, const std::string& aFormat) const {

@@ -44,7 +44,7 @@ std::string_view MarkOf(TZORFieldType aType, TZORDataType aSource) {
 
 /// The fields of the selected source whose kind `aTakes` accepts.
 void AddFields(TLines& aList, const TKDXData& aData, bool (*aTakes)(TZORFieldType), bool aIncSymbol) {
-  const TKDXDatasetItem* source = aData.GetDataset(aData.fDataSel);
+  const TKDXDatasetItem* source = aData.Source();
   if (source == nullptr) return;
   for (const auto& field : source->fFields) {
     if (aTakes(field->fFieldType)) Add(aList, MarkOf(source->fDataType), field->fCaption, aIncSymbol);
@@ -78,7 +78,7 @@ void TKDXBaseLabel::GetDataFields(TLines& List, const std::string& aData, bool A
 
 void TKDXBaseLabel::GetImgFields(TLines& List, const std::string& aData, bool IncSymbol) const {
   Start(List, aData);
-  const TKDXDatasetItem* source = fData->GetDataset(fData->fDataSel);
+  const TKDXDatasetItem* source = fData->Source();
   if (source == nullptr) return;
   for (const auto& field : source->fFields) {
     if (!IsImage(field->fFieldType)) continue;
@@ -124,7 +124,7 @@ void TKDXBaseLabel::GetDetails(TLines& List, bool IncSymbol) const {
 
 void TKDXBaseLabel::GetDataDetails(TLines& List, const std::string& aData, bool IncSymbol) const {
   Start(List, aData);
-  const TKDXDatasetItem* source = fData->GetDataset(fData->fDataSel);
+  const TKDXDatasetItem* source = fData->Source();
   if (source == nullptr) return;
   Add(List, SourceMark, fData->fDataSel, IncSymbol);
   for (const auto& detail : source->fDetails) Add(List, DetailMark, detail->fCaption, IncSymbol);
@@ -137,7 +137,7 @@ void TKDXBaseLabel::GetMasterDetailFields(TLines& List, const std::string& dSymN
   if (!dSymName.starts_with(SourceMark)) {
     return AddPlain(List, fData->GetDetail(std::string_view(dSymName).substr(Utf8::ByteIndex(dSymName, 1))));
   }
-  const TKDXDatasetItem* source = fData->GetDataset(fData->fDataSel);
+  const TKDXDatasetItem* source = fData->Source();
   if (source == nullptr) return;
   for (const auto& field : source->fFields) {
     if (ExcludeImg && IsImage(field->fFieldType)) continue;

@@ -2,6 +2,8 @@
 #include "kaldrix/core/TKDXData.hpp"
 
 #include <algorithm>
+#include <unordered_map>
+#include <utility>
 
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
@@ -44,15 +46,16 @@ void DescribeFields(TKDXDataItem& aItem, const TJsonObject& aRow) {
   for (int i = 0; i < aRow.Count(); ++i) aItem.AddField(aRow.GetName(i), FieldTypeOf(aRow.GetItem(i).Type()));
 }
 
-void DescribeSource(TKDXDatasetItem& aItem, const TJsonArray& aRows) {
-  const TJsonObject* row = FirstRow(aRows);
-  if (row == nullptr) return;
-  DescribeFields(aItem, *row);
-  for (int i = 0; i < row->Count(); ++i) {
-    const TJsonArray* inner = row->GetItem(i).AsArray();
+void DescribeSource(TKDXDatasetItem& aItem, const std::string& aName, const TJsonObject* aRow) {
+  aItem.fCaption = aName;
+  aItem.fDataType = dtyJson;
+  if (aRow == nullptr) return;
+  DescribeFields(aItem, *aRow);
+  for (int i = 0; i < aRow->Count(); ++i) {
+    const TJsonArray* inner = aRow->GetItem(i).AsArray();
     if (inner == nullptr) continue;
     TKDXDetailItem& detail = aItem.fDetails.Add();
-    detail.fCaption = row->GetName(i);
+    detail.fCaption = aRow->GetName(i);
     detail.fDataType = dtyJson;
     if (const TJsonObject* innerRow = FirstRow(*inner)) DescribeFields(detail, *innerRow);
   }
@@ -69,7 +72,9 @@ void TKDXData::DeleteSources(TZORDataType aType) {
 void TKDXData::ClearSources() {
   fLinkData = false;
   fJson.clear();
+  fJsonFile.reset();
   fCsvFileName.clear();
+  fCsvOpen.reset();
   DeleteSources(dtyJson);
   DeleteSources(dtyCsv);
   fSource.reset();
@@ -80,7 +85,8 @@ void TKDXData::ClearSources() {
 
 void TKDXData::SetJson(const std::string& aText) {
   const std::string_view text = Trim(aText);
-  if (text == fJson) return;
+  const bool ofFile = std::exchange(fJsonFile, nullptr) != nullptr;
+  if (text == fJson && !ofFile) return;
   fJson = text;
   fJson.empty() ? DeleteSources(dtyJson) : CheckJson();
 }
@@ -98,10 +104,17 @@ void TKDXData::CheckJson() {
     const TJsonArray* rows = object.GetItem(i).AsArray();
     if (rows == nullptr) continue;
     ++sources;
-    TKDXDatasetItem& item = fDatasets.Add();
-    item.fCaption = object.GetName(i);
-    item.fDataType = dtyJson;
-    DescribeSource(item, *rows);
+    DescribeSource(fDatasets.Add(), object.GetName(i), FirstRow(*rows));
+  }
+}
+
+void TKDXData::SetJsonFile(std::shared_ptr<const TJsonFile> aFile) {
+  if (aFile == nullptr) throw Exception(TKDXMsg::GetErrorValue("NoJson"));
+  DeleteSources(dtyJson);
+  fJson.clear();
+  fJsonFile = std::move(aFile);
+  for (const TJsonFile::TArray& array : fJsonFile->Arrays()) {
+    DescribeSource(fDatasets.Add(), array.name, array.first.AsObject());
   }
 }
 
@@ -123,12 +136,15 @@ TKDXDatasetItem& TKDXData::NewCsvItem() {
   return item;
 }
 
+bool TKDXData::CsvExists() const { return fCsvOpen != nullptr || FileExists(fCsvFileName); }
+
 bool TKDXData::CheckCsvFields() {
-  if (!FileExists(fCsvFileName)) throw Exception(TKDXMsg::GetErrorValue("NoFile"));
+  if (!CsvExists()) throw Exception(TKDXMsg::GetErrorValue("NoFile"));
   DeleteSources(dtyCsv);
-  const std::unique_ptr<TCsvFile> file = TCsvFile::OpenFirstLine(fCsvFileName, fCsvCode);
+  std::shared_ptr<TCsvFile> file = fCsvOpen;
+  if (file == nullptr) file = TCsvFile::OpenFirstLine(fCsvFileName, fCsvCode);
   if (file->LineCount() == 0) return true;
-  file->SetForm(CsvForm());
+  if (file != fCsvOpen) file->SetForm(CsvForm());
   file->GoTo(1);
   TKDXDatasetItem& item = NewCsvItem();
   for (int i = 0; i < file->ColumnCount(); ++i) {
@@ -137,12 +153,31 @@ bool TKDXData::CheckCsvFields() {
   return true;
 }
 
+void TKDXData::RefreshCsvFields() {
+  TKDXFields former(nullptr);
+  if (const TKDXDatasetItem* source = CsvItem()) former.Assign(source->fFields);
+  CheckCsvFields();
+  TKDXDatasetItem* source = CsvItem();
+  if (source == nullptr) return;
+  std::unordered_map<std::string, const TKDXFieldItem*> named;
+  for (const auto& field : former) named.emplace(LowerCase(field->fName), field.get());
+  for (int i = 0; i < source->fFields.Count(); ++i) {
+    TKDXFieldItem& field = *source->fFields.GetItem(i);
+    const auto found = named.find(LowerCase(field.fName));
+    const TKDXFieldItem* known = !fCsvHeader            ? former.GetItem(i)
+                                 : found != named.end() ? found->second
+                                                        : nullptr;
+    if (known != nullptr) field.Assign(*known);
+  }
+}
+
 bool TKDXData::SetCsvData(const std::string& aFile, bool aHeader, TZORCsvSep aSep, TZORCsvQuote aQuote) {
   if (!FileExists(aFile)) {
     fCsvFileName.clear();
     throw Exception(TKDXMsg::GetErrorValue("NoFile"));
   }
   fCsvFileName = aFile;
+  fCsvOpen.reset();
   fCsvHeader = aHeader;
   fCsvQuote = aQuote;
   if (aSep == scvNone) throw Exception(TKDXMsg::GetErrorValue("NoSep"));
@@ -154,6 +189,7 @@ template <class T>
 void TKDXData::SetCsvValue(T& aField, const T& aValue) {
   if (aField == aValue) return;
   aField = aValue;
+  fCsvOpen.reset();
   CheckCsvFields();
 }
 
@@ -195,6 +231,11 @@ bool TKDXData::Select(TZORDataType aType, const std::string& aCaption) {
   return true;
 }
 
+TKDXDatasetItem* TKDXData::Source() const {
+  if (fDataSel.empty()) return nullptr;
+  return fType == dtyCsv ? CsvItem() : GetDataset(fDataSel);
+}
+
 TKDXDetailItem* TKDXData::GetDetail(std::string_view aName) const {
   const TKDXDatasetItem* source = fDataSel.empty() ? nullptr : GetDataset(fDataSel);
   return source == nullptr ? nullptr : source->fDetails.Find(aName);
@@ -206,7 +247,7 @@ TDataSet* TKDXData::CurrentDataset() const {
 }
 
 int TKDXData::GetCsvPos(std::string_view aField) const {
-  const TKDXDatasetItem* source = fDataSel.empty() ? nullptr : GetDataset(fDataSel);
+  const TKDXDatasetItem* source = Source();
   return source == nullptr ? -1 : source->fFields.IndexOf(aField);
 }
 

@@ -26,15 +26,17 @@ int HeldCount(Int64 aCount) {
 int TKDXData::Repetition() const { return std::max(fOwner->fPrintInfo->fRepetition, 1); }
 
 std::unique_ptr<TSourceWalk> TKDXData::OpenSource() {
-  const TKDXDatasetItem* source = GetDataset(fDataSel);
+  const TKDXDatasetItem* source = Source();
   switch (fType) {
     case dtyDataset:
       if (source == nullptr || source->GetDataset() == nullptr) return nullptr;
       return std::make_unique<TDatasetWalk>(*source->GetDataset());
-    case dtyJson:
-      return TJsonWalk::Open(fJson, source == nullptr ? fDataSel : source->fCaption);
+    case dtyJson: {
+      const std::string& key = source == nullptr ? fDataSel : source->fCaption;
+      return fJsonFile == nullptr ? TJsonWalk::Open(fJson, key) : TJsonWalk::Open(fJsonFile, key);
+    }
     case dtyCsv:
-      fValidCsv = FileExists(fCsvFileName);
+      fValidCsv = CsvExists();
       if (!fValidCsv) throw Exception(TKDXMsg::GetErrorValue("NoFile"));
       return std::make_unique<TCsvWalk>(*this);
     default:
@@ -64,9 +66,10 @@ void TKDXData::Reset() {
   // 4. The field that tells the labels of a record; a missing one is forgotten, but for CSV.
   fRepeats = !fFieldRepeat.empty() && fSource->TakeRepeat(fFieldRepeat);
   if (!fRepeats && fType != dtyCsv) fFieldRepeat.clear();
+  fSource->SetStrict(fStrict && fRepeats);
   // 5. The labels in all.
   const Int64 records = fSource->Records();
-  fNumlabels = HeldCount(fRepeats ? fSource->SumRepeats() : MulHeld(records, Repetition()));
+  fNumlabels = HeldCount(fRepeats ? fSource->SumLabels() : MulHeld(records, Repetition()));
   fHasData = fType == dtyCsv ? fNumlabels > 0 : records > 0;
   SkipEmpty();
 }
@@ -84,7 +87,7 @@ void TKDXData::First() {
 
 void TKDXData::SkipEmpty() {
   if (fRepeats && fNumlabels > 0) {
-    for (bool moved = true; moved && fSource->Repeat() < 1;) moved = fSource->Next();
+    for (bool moved = true; moved && fSource->Labels() < 1;) moved = fSource->Next();
   }
   TakeRecord();
 }
@@ -92,7 +95,7 @@ void TKDXData::SkipEmpty() {
 void TKDXData::TakeRecord() {
   fPos = fSource->Position();
   fPosRepeat = 1;
-  fRecordRepeat = fRepeats ? HeldCount(fSource->Repeat()) : Repetition();
+  fRecordRepeat = fRepeats ? HeldCount(fSource->Labels()) : Repetition();
 }
 
 void TKDXData::Next() {
@@ -106,7 +109,7 @@ void TKDXData::NextRecord() {
   if (fSource == nullptr || fEnded) return;
   const int here = fSource->Record();
   bool moved = fSource->Next();
-  while (moved && fRepeats && fSource->Repeat() < 1) moved = fSource->Next();
+  while (moved && fRepeats && fSource->Labels() < 1) moved = fSource->Next();
   if (!moved) {
     fEnded = true;
     if (fSource->Record() != here) fSource->GoTo(here);
@@ -143,7 +146,25 @@ void TKDXData::SetPos(int aRecord) {
 }
 
 std::vector<std::string> TKDXData::RecordProblems() const {
-  return fSource == nullptr ? std::vector<std::string>() : fSource->RecordProblems();
+  if (fSource == nullptr) return {};
+  std::vector<std::string> problems = fSource->RecordProblems();
+  const std::string repeat = fSource->IsStrict() ? fSource->RepeatProblem() : std::string();
+  if (!repeat.empty()) problems.push_back(repeat);
+  return problems;
+}
+
+std::string TKDXData::RepeatProblem() {
+  const int fault = fSource == nullptr ? 0 : fSource->FirstFault();
+  if (fault == 0) return {};
+  const int here = fSource->Record();
+  fSource->GoTo(fault);
+  std::string problem = "record " + std::to_string(fault) + ": " + fSource->RepeatProblem();
+  fSource->GoTo(here);
+  return problem;
+}
+
+bool TKDXData::Offers(const std::string& aField) const {
+  return fSource != nullptr && fSource->Offers(aField);
 }
 
 std::vector<std::string> TKDXData::HeaderProblems() const {

@@ -11,6 +11,7 @@
 #include "kaldrix/core/TSourceWalk.hpp"
 #include "kaldrix/core/TZOAskField.hpp"
 #include "kaldrix/core/TZOValList.hpp"
+#include "kaldrix/json/TJsonFile.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/TCsvFile.hpp"
 #include "kaldrix/platform/TRecord.hpp"
@@ -47,11 +48,18 @@ class TKDXData final : public TPersistent {
   /// of its first element. Raises Exception with the message NoJson when the text is no object, and empties
   /// it; raises EJsonParserException for a fault inside.
   void CheckJson();
+  /// Takes a text that stays in its file in the place of fJson, and describes it; not stored. Raises the
+  /// message NoJson for none.
+  void SetJsonFile(std::shared_ptr<const TJsonFile> aFile);
   /// Takes file, header, quote and separator, and describes the file. Raises the message NoFile for one that
   /// does not exist, which leaves no name behind, and NoSep for scvNone, which leaves the old separator.
   bool SetCsvData(const std::string& aFile, bool aHeader, TZORCsvSep aSep, TZORCsvQuote aQuote);
   /// Describes the CSV file anew by its first line; true. Raises the message NoFile.
   bool CheckCsvFields();
+  /// The same, for a document whose description may be older than its file: a column goes on with the caption
+  /// and the kind that its name has, without a header those of its place, so that items find the column that
+  /// they mean wherever it stands, and in whatever language it was described.
+  void RefreshCsvFields();
   // Each takes the value, and describes the file anew when it is another one.
   void SetCsvFileName(const std::string& aValue);
   void SetCsvHeader(bool aValue);
@@ -75,6 +83,9 @@ class TKDXData final : public TPersistent {
   /// The source or, in the selected source, the detail of that caption, compared without case.
   TKDXDatasetItem* GetDataset(std::string_view aName) const { return fDatasets.Find(aName); }
   TKDXDetailItem* GetDetail(std::string_view aName) const;
+  /// The description of the selected source. That of a CSV file, of which there is one at most, is found by
+  /// its kind: its caption is a text of the catalogue, and another one in another language.
+  TKDXDatasetItem* Source() const;
   /// The data set of the selected source; none for another kind.
   TDataSet* CurrentDataset() const;
   /// The column, 0-based, of the selected source's field with that caption; -1 when there is none.
@@ -104,6 +115,11 @@ class TKDXData final : public TPersistent {
   int Record() const { return fHasData && fSource != nullptr ? fSource->Record() : 0; }
   /// Does a field of the open source tell how many labels each record gives?
   bool Repeats() const { return fRepeats; }
+  /// The first record whose repeat field tells no whole number, with the reason, of a walk that was opened
+  /// with fStrict; empty for none.
+  std::string RepeatProblem();
+  /// Has the open source a field of that name? A key of JSON may be missing in some records.
+  bool Offers(const std::string& aField) const;
   /// What is wrong with the current record, and with the names of the fields: lines that name file and line.
   std::vector<std::string> RecordProblems() const;
   std::vector<std::string> HeaderProblems() const;
@@ -179,6 +195,11 @@ class TKDXData final : public TPersistent {
   bool fCsvHeader = true;  ///< the first line holds the column names
   TZORCsvQuote fCsvQuote = scqDoubleQuotes;
   TTextCode fCsvCode = tcByMark;  ///< not stored
+  /// The file, open and cut in a way of the host's own (records, standard input), in the place of
+  /// fCsvFileName, which only names it then; not stored.
+  std::shared_ptr<TCsvFile> fCsvOpen;
+  /// A record whose repeat field tells no whole number gives one label, with a problem; not stored.
+  bool fStrict = false;
   TOwnedList<TZOValList> fListVal;
   TOwnedList<TZOAskField> fListAsk;
   int fPos = 1;            ///< current record, 1-based; of a CSV source the line of the file
@@ -204,6 +225,7 @@ class TKDXData final : public TPersistent {
 
   TKDXDatasetItem* CsvItem() const;
   TKDXDatasetItem& NewCsvItem();
+  bool CsvExists() const;
   void DeleteSources(TZORDataType aType);
   template <class T>
   void SetCsvValue(T& aField, const T& aValue);
@@ -218,6 +240,7 @@ class TKDXData final : public TPersistent {
   void FillCalc(TKDXDetailItem& aDetail, const std::string& aField);
   double Aggregate(TZORFooter aFooter);
 
+  std::shared_ptr<const TJsonFile> fJsonFile;
   std::unique_ptr<TSourceWalk> fSource;
   TZORDataType fOpenType = dtyNone;  ///< of fSource
   bool fRepeats = false;             ///< a field tells the labels of each record

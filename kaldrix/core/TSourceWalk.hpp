@@ -33,8 +33,19 @@ class TSourceWalk {
   virtual bool TakeRepeat(const std::string& aField) = 0;
   /// What that field says for the current record; 0 and less is none.
   virtual Int64 Repeat() const = 0;
+  /// Empty, or why that field tells no whole number for the current record: a line of text that names it.
+  virtual std::string RepeatProblem() const = 0;
+  /// What Repeat says, but 1 for a record with a RepeatProblem when the walk is strict.
+  Int64 Labels() const { return fStrict && !RepeatProblem().empty() ? 1 : Repeat(); }
   /// The labels of all records together, held at the end of Int64. Leaves the first record current.
-  virtual Int64 SumRepeats();
+  virtual Int64 SumLabels();
+  void SetStrict(bool aValue) { fStrict = aValue; }
+  bool IsStrict() const { return fStrict; }
+  /// The first record with a RepeatProblem that SumLabels of a strict walk met; 0 for none.
+  int FirstFault() const { return fFirstFault; }
+
+  /// Has a record that field? Leaves the current record as it is.
+  virtual bool Offers(const std::string& aField) = 0;
 
   virtual std::string Value(const std::string& aField, const std::string& aFormat) const = 0;
   /// The current record of a JSON source; none for another, and where the record is no object.
@@ -44,6 +55,10 @@ class TSourceWalk {
   /// the place.
   virtual std::vector<std::string> RecordProblems() const { return {}; }
   virtual std::vector<std::string> HeaderProblems() { return {}; }
+
+ private:
+  bool fStrict = false;
+  int fFirstFault = 0;
 };
 
 }  // namespace Zor::inline Base

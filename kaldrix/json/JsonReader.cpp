@@ -18,6 +18,9 @@ constexpr std::string_view InvalidSymbol = "invalid symbol";
 constexpr std::string_view Identifier = "identifier";
 constexpr std::string_view ValueName = "value";
 
+/// The longest mark of an encoding.
+constexpr std::size_t MostMark = 4;
+
 bool IsDigit(char aChar) noexcept { return aChar >= '0' && aChar <= '9'; }
 
 bool IsWordChar(char aChar) noexcept {
@@ -96,6 +99,20 @@ TJsonReader::TJsonReader(std::string_view aText)
     : fStart(aText.data()), fAt(fStart), fEnd(fStart + aText.size()) {
   RefuseEncoding(aText);
   if (aText.starts_with(Utf8::ByteOrderMark)) fAt += Utf8::ByteOrderMark.size();
+  SkipLead();
+}
+
+TJsonReader::TJsonReader(const TFileWindow& aText, std::size_t aStep)
+    : TJsonReader(aText.View(0, std::min(aText.Size(), std::max(aStep, MostMark)))) {
+  fWindow = &aText;
+  fStep = aStep;
+  while (fAt == fEnd && Place() < fWindow->Size()) {
+    Show(1);
+    SkipLead();
+  }
+}
+
+void TJsonReader::SkipLead() noexcept {
   while (fAt < fEnd && static_cast<unsigned char>(*fAt) < 33) ++fAt;
 }
 
@@ -115,6 +132,12 @@ std::unique_ptr<TJsonObject> TJsonReader::ReadObject(std::string_view aArray, IJ
   fSink = &aSink;
   fSinkName = aArray;
   return ReadObject();
+}
+
+TJsonDataValue TJsonReader::ReadValue() {
+  fStack.Push(TJsonKey::FromPacked(TJsonKey::PackWord(0, 0)));
+  Value(0);
+  return std::move(fStack.At(0)->Value);
 }
 
 std::unique_ptr<TJsonArray> TJsonReader::ReadArray() {
@@ -498,18 +521,38 @@ void TJsonReader::FailNumber(const TNumber& aNumber) const {
   Fail("Expected value but found invalid symbol", aNumber.Begin);
 }
 
-void TJsonReader::Fail(const std::string& aMessage, const char* aAt) const {
+namespace {
+
+/// Counts lines and characters.
+struct TTextPlace {
   int line = 1;
-  const char* begin = fStart;
-  for (const char* at = fStart; at < aAt; ++at) {
-    const bool lineEnd = *at == '\n' || (*at == '\r' && (at + 1 == fEnd || at[1] != '\n'));
-    if (!lineEnd) continue;
-    ++line;
-    begin = at + 1;
+  std::size_t column = 1;
+  bool afterReturn = false;
+
+  void Pass(std::string_view aText) {
+    for (const char c : aText) {
+      const bool lineEnd = c == '\r' || (c == '\n' && !afterReturn);
+      line += lineEnd ? 1 : 0;
+      const bool continues = (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+      column = c == '\r' || c == '\n' ? 1 : column + (continues ? 0 : 1);
+      afterReturn = c == '\r';
+    }
   }
-  const std::size_t column = Utf8::Count({begin, static_cast<std::size_t>(aAt - begin)}) + 1;
-  throw EJsonParserException(aMessage, line, static_cast<int>(column),
-                             static_cast<std::size_t>(aAt - fStart));
+};
+
+}  // namespace
+
+void TJsonReader::Fail(const std::string& aMessage, const char* aAt) const {
+  const std::size_t end = fBase + static_cast<std::size_t>(aAt - fStart);
+  TTextPlace place;
+  if (fWindow == nullptr) {
+    place.Pass({fStart, end});
+  } else {
+    for (std::size_t from = 0; from < end; from += TFileWindow::Step) {
+      place.Pass(fWindow->View(from, std::min(end, from + TFileWindow::Step)));
+    }
+  }
+  throw EJsonParserException(aMessage, place.line, static_cast<int>(place.column), end);
 }
 
 }  // namespace Zor::inline Jsondataobjects

@@ -9,6 +9,7 @@
 
 #include "kaldrix/json/TJsonArray.hpp"
 #include "kaldrix/json/TJsonObject.hpp"
+#include "kaldrix/platform/TFileWindow.hpp"
 
 namespace Zor::inline Jsondataobjects {
 
@@ -24,12 +25,28 @@ class IJsonElements {
   ~IJsonElements() = default;
 };
 
+/// Takes the arrays of an object while the text is read. Places are bytes from the start of the text.
+class IJsonArrays {
+ public:
+  virtual void Array(std::string_view aName) = 0;
+  /// The next element of the last array; it goes when this returns.
+  virtual void Element(TJsonDataValue& aValue, std::size_t aPlace) = 0;
+  /// The last array has no more; `aPlace` is that of its closing bracket.
+  virtual void ArrayEnd(std::size_t aPlace) = 0;
+
+ protected:
+  ~IJsonArrays() = default;
+};
+
 /// Reads one text, which must outlive the reader. Members are gathered on a stack, so that each object and
 /// array takes memory once, with its members behind it in the same block.
 class TJsonReader {
  public:
   /// Skips a byte order mark; that of UTF-16 and UTF-32 raises EJsonException.
   explicit TJsonReader(std::string_view aText);
+  /// Of a text of which as much stands in memory as the member of an object or array that is being read, and
+  /// `aStep` bytes. Only ReadArrays reads it.
+  explicit TJsonReader(const TFileWindow& aText, std::size_t aStep = TFileWindow::Step);
 
   /// An array where the text begins with "[", none where it is blank, else an object.
   std::unique_ptr<TJsonBaseObject> ReadAny();
@@ -38,6 +55,11 @@ class TJsonReader {
   /// The object, without its first member that is an array of that name and what stands in front of it, where
   /// there is one: both go to `aSink`.
   std::unique_ptr<TJsonObject> ReadObject(std::string_view aArray, IJsonElements& aSink);
+  /// The value that the text begins with; what stands behind it is not looked at.
+  TJsonDataValue ReadValue();
+  /// Reads the whole object, and keeps nothing of it: its arrays go to `aSink`, element by element. A blank
+  /// text has none.
+  void ReadArrays(IJsonArrays& aSink);
 
  private:
   /// Members of the objects and arrays that are still open; an array's elements have empty names.
@@ -65,6 +87,7 @@ class TJsonReader {
   };
   struct TNumber;
 
+  void SkipLead() noexcept;
   void SkipBlanks() noexcept;
   bool At(char aChar) const noexcept { return fAt < fEnd && *fAt == aChar; }
   void Accept(char aChar, std::string_view aName);
@@ -83,6 +106,20 @@ class TJsonReader {
   const char* Digits(TNumber& aNumber);
   void Exponent(TNumber& aNumber);
 
+  // Over a window
+  std::size_t Place() const { return fBase + static_cast<std::size_t>(fAt - fStart); }
+  /// Makes so many bytes visible from here on, or all that are left.
+  void Show(std::size_t aBytes);
+  /// Skips blanks over windows, and makes the token behind them visible.
+  void GoOn();
+  /// Makes the whole value visible that begins here.
+  void HoldValue();
+  void ArraysMember(IJsonArrays& aSink);
+  void ArraysElements(IJsonArrays& aSink);
+  /// Reads a value onto the stack and hands it to `aTake`, then forgets it.
+  template <class TTake>
+  void Pass(TTake aTake);
+
   TJsonKey Name();
   std::string_view Text();
   const char* FindSpecial(const char* aFrom) const noexcept;
@@ -94,12 +131,15 @@ class TJsonReader {
   [[noreturn]] void FailNumber(const TNumber& aNumber) const;
   [[noreturn]] void Fail(const std::string& aMessage, const char* aAt) const;
 
-  const char* fStart;
+  const char* fStart;  ///< of the text or the window
   const char* fAt;
   const char* fEnd;
   int fDepth = 0;
   IJsonElements* fSink = nullptr;  ///< waits for the array of the outermost object that is named fSinkName
   std::string_view fSinkName;
+  const TFileWindow* fWindow = nullptr;
+  std::size_t fStep = 0;
+  std::size_t fBase = 0;  ///< place of fStart in the text
   TStack fStack;
   std::string fText;  ///< A text that had to be copied because of escapes or bytes above 127.
 };

@@ -17,30 +17,12 @@ namespace {
 constexpr std::size_t ChunkBytes = std::size_t{1} << 16;
 constexpr std::string_view LineEnds{"\r\n"};
 
-std::string Utf16ToUtf8(std::string_view aBytes) {
-  bool highFirst = aBytes.starts_with("\xFE\xFF");
-  if (highFirst || aBytes.starts_with("\xFF\xFE")) aBytes.remove_prefix(2);
-  const auto unit = [&](std::size_t aPlace) {
-    const auto low = static_cast<unsigned char>(aBytes[aPlace + (highFirst ? 1 : 0)]);
-    const auto high = static_cast<unsigned char>(aBytes[aPlace + (highFirst ? 0 : 1)]);
-    return static_cast<char32_t>(low | high << 8);
-  };
-  std::string text;
-  text.reserve(aBytes.size() / 2);
-  std::size_t place = 0;
-  for (; place + 1 < aBytes.size(); place += 2) {
-    char32_t c = unit(place);
-    if (c >= 0xD800 && c < 0xDC00 && place + 3 < aBytes.size()) {
-      const char32_t second = unit(place + 2);
-      if (second >= 0xDC00 && second < 0xE000) {
-        c = 0x10000 + ((c - 0xD800) << 10) + (second - 0xDC00);
-        place += 2;
-      }
-    }
-    Utf8::Append(text, c);
+/// The ends of lines that reach over quotes, as one character each.
+void KeepLineFeeds(std::string& aText) {
+  std::size_t at = aText.find('\r');
+  for (; at != std::string::npos; at = aText.find('\r', at)) {
+    at + 1 < aText.size() && aText[at + 1] == '\n' ? aText.erase(at, 1) : aText.replace(at, 1, "\n");
   }
-  if (place < aBytes.size()) Utf8::Append(text, Utf8::Replacement);
-  return text;
 }
 
 std::string Quoted(std::string_view aText) { return "\"" + std::string(aText) + "\""; }
@@ -50,13 +32,20 @@ std::string Quoted(std::string_view aText) { return "\"" + std::string(aText) + 
 // Reading ---------------------------------------------------------------------------------
 
 std::unique_ptr<TCsvFile> TCsvFile::Open(const std::string& aFileName, TTextCode aCode) {
-  if (aCode == tcUtf16) return std::make_unique<TCsvFile>(aFileName, ReadFile(aFileName), aCode);
-  return std::unique_ptr<TCsvFile>(new TCsvFile(aFileName, TFileWindow::Open(aFileName), aCode));
+  if (IsUtf16(aCode)) return std::make_unique<TCsvFile>(aFileName, ReadFile(aFileName), aCode);
+  std::unique_ptr<TCsvFile> file(new TCsvFile(aFileName, TFileWindow::Open(aFileName), aCode, false));
+  file->FindLines();
+  return file;
+}
+
+std::unique_ptr<TCsvFile> TCsvFile::OfRecords(std::string aName, TFileWindow aText, TTextCode aCode) {
+  if (IsUtf16(aCode)) aText = TFileWindow(Utf16ToUtf8(aText.View(0, aText.Size()), aCode));
+  return std::unique_ptr<TCsvFile>(new TCsvFile(std::move(aName), std::move(aText), aCode, true));
 }
 
 std::unique_ptr<TCsvFile> TCsvFile::OpenFirstLine(const std::string& aFileName, TTextCode aCode) {
   std::ifstream file(aFileName, std::ios::binary);
-  if (aCode == tcUtf16 || !file) return Open(aFileName, aCode);
+  if (IsUtf16(aCode) || !file) return Open(aFileName, aCode);
   std::string bytes;
   std::size_t end = std::string::npos;
   while (end == std::string::npos && file) {
@@ -72,16 +61,18 @@ std::unique_ptr<TCsvFile> TCsvFile::OpenFirstLine(const std::string& aFileName, 
 }
 
 TCsvFile::TCsvFile(std::string aName, std::string aBytes, TTextCode aCode)
-    : TCsvFile(std::move(aName), TFileWindow(aCode == tcUtf16 ? Utf16ToUtf8(aBytes) : std::move(aBytes)),
-               aCode) {}
+    : TCsvFile(std::move(aName), TFileWindow(IsUtf16(aCode) ? Utf16ToUtf8(aBytes, aCode) : std::move(aBytes)),
+               aCode, false) {
+  FindLines();
+}
 
-TCsvFile::TCsvFile(std::string aName, TFileWindow aText, TTextCode aCode)
-    : fName(std::move(aName)), fText(std::move(aText)) {
+TCsvFile::TCsvFile(std::string aName, TFileWindow aText, TTextCode aCode, bool aRecords)
+    : fName(std::move(aName)), fText(std::move(aText)), fRecords(aRecords) {
   const std::size_t mark = std::min(fText.Size(), Utf8::ByteOrderMark.size());
   const bool marked = fText.View(0, mark) == Utf8::ByteOrderMark;
   fUtf8 = aCode != tcByMark || marked;
   fFirst = fUtf8 && marked ? mark : 0;
-  FindLines();
+  fEnd = fText.Size();
 }
 
 template <class TVisit>
@@ -112,14 +103,16 @@ void TCsvFile::FindLines() {
   if (count > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
     throw EStreamError(fName + ": there are too many lines");
   }
+  fStarts.clear();
   fStarts.reserve(count);
   VisitStarts([&](std::size_t start) { fStarts.push_back(start); });
+  fEnd = fText.Size();
 }
 
 std::string_view TCsvFile::Line(int aLine) const {
   if (aLine < 1 || aLine > LineCount()) return {};
   const auto index = static_cast<std::size_t>(aLine - 1);
-  const std::size_t end = index + 1 < fStarts.size() ? fStarts[index + 1] : fText.Size();
+  const std::size_t end = index + 1 < fStarts.size() ? fStarts[index + 1] : fEnd;
   std::string_view line = fText.View(fStarts[index], end);
   if (line.ends_with('\n')) line.remove_suffix(1);
   if (line.ends_with('\r')) line.remove_suffix(1);
@@ -131,6 +124,7 @@ std::string_view TCsvFile::Line(int aLine) const {
 void TCsvFile::SetForm(const TCsvForm& aForm) {
   fForm = aForm;
   fCut = false;
+  if (fRecords) FindRecords();
 }
 
 void TCsvFile::GoTo(int aLine) {
@@ -140,7 +134,6 @@ void TCsvFile::GoTo(int aLine) {
 }
 
 void TCsvFile::TakeQuoted(std::string_view& aRest, TColumn& aColumn) const {
-  aRest.remove_prefix(1);
   std::size_t end = aRest.find(fForm.quote);
   while (end != std::string_view::npos && end + 1 < aRest.size() && aRest[end + 1] == fForm.quote) {
     aColumn.doubled = true;
@@ -154,7 +147,10 @@ void TCsvFile::TakeQuoted(std::string_view& aRest, TColumn& aColumn) const {
 bool TCsvFile::TakeColumn(std::string_view& aRest, TColumn& aColumn) const {
   aColumn = {};
   const bool quoted = fForm.quote != 0 && aRest.starts_with(fForm.quote);
-  if (quoted) TakeQuoted(aRest, aColumn);
+  if (quoted) {
+    aRest.remove_prefix(1);
+    TakeQuoted(aRest, aColumn);
+  }
   const std::size_t end = aRest.find(fForm.delimiter);
   (quoted ? aColumn.tail : aColumn.bytes) = aRest.substr(0, end);
   if (end == std::string_view::npos) return false;
@@ -223,6 +219,7 @@ std::string TCsvFile::Text(const TColumn& aColumn) const {
     AppendText(text, single);
   }
   if (!aColumn.tail.empty()) AppendText(text, aColumn.tail);
+  if (fRecords) KeepLineFeeds(text);
   return text;
 }
 
@@ -232,7 +229,7 @@ std::vector<TCsvProblem> TCsvFile::Problems(int aColumns) const {
   Cut();
   std::vector<TCsvProblem> problems;
   const auto add = [&](std::size_t aColumn, std::string aWhat) {
-    problems.push_back({fCurrent, static_cast<int>(aColumn), std::move(aWhat)});
+    problems.push_back({LineNumber(fCurrent), static_cast<int>(aColumn), std::move(aWhat)});
   };
   const std::string_view line = Line(fCurrent);
   if (fTooMany) {
@@ -255,11 +252,11 @@ std::vector<TCsvProblem> TCsvFile::HeaderProblems() const {
   std::unordered_map<std::string, int> places;
   for (int i = 0; i < ColumnCount(); ++i) {
     const std::string name = Column(i);
-    if (name.empty()) problems.push_back({fCurrent, i + 1, "the column has no name"});
+    if (name.empty()) problems.push_back({LineNumber(fCurrent), i + 1, "the column has no name"});
     const auto [place, added] = places.emplace(LowerCase(name), i + 1);
     if (name.empty() || added) continue;
     problems.push_back(
-        {fCurrent, i + 1,
+        {LineNumber(fCurrent), i + 1,
          "the name " + Quoted(name) + " stands for column " + std::to_string(place->second) + " already"});
   }
   return problems;

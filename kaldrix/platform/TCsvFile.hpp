@@ -8,15 +8,9 @@
 #include <vector>
 
 #include "kaldrix/platform/TFileWindow.hpp"
+#include "kaldrix/platform/TextCode.hpp"
 
 namespace Zor {
-
-/// In which code the bytes of a text file stand.
-enum TTextCode : std::uint8_t {
-  tcByMark,  ///< UTF-8 when the file begins with its mark (EF BB BF), else Windows-1252
-  tcUtf8,    ///< UTF-8, with the mark or without
-  tcUtf16    ///< by the mark (FF FE or FE FF), without one the lower byte first
-};
 
 /// How a line is cut into columns.
 struct TCsvForm {
@@ -39,6 +33,10 @@ struct TCsvProblem {
 /// Lines end with CR LF, LF or CR; quotes do not reach over them. Only the delimiter separates; blanks belong
 /// to the columns. A column that begins with the quote reaches to the next single quote, a doubled one stands
 /// for itself; what follows up to the delimiter is added as it stands. A NUL character reads as U+FFFD.
+///
+/// A file of records (OfRecords) is read as spreadsheets write it: a quoted column may hold ends of lines,
+/// which read as LF; blank lines at the end are none; a first line "sep=;" tells the delimiter and is none.
+/// What is said of lines holds for its records then, and LineNumber tells the line that one begins on.
 class TCsvFile {
  public:
   /// Columns beyond this are not offered.
@@ -48,6 +46,8 @@ class TCsvFile {
   static std::unique_ptr<TCsvFile> Open(const std::string& aFileName, TTextCode aCode = tcByMark);
   /// Only as much of the file as the first line takes.
   static std::unique_ptr<TCsvFile> OpenFirstLine(const std::string& aFileName, TTextCode aCode = tcByMark);
+  /// A file of records, which SetForm cuts: there are none before. `aName` is what errors tell.
+  static std::unique_ptr<TCsvFile> OfRecords(std::string aName, TFileWindow aText, TTextCode aCode);
   /// Of bytes; `aName` is what errors tell.
   TCsvFile(std::string aName, std::string aBytes, TTextCode aCode = tcByMark);
   TCsvFile(const TCsvFile&) = delete;
@@ -57,6 +57,14 @@ class TCsvFile {
   int LineCount() const { return static_cast<int>(fStarts.size()); }
   /// The bytes of a line, 1-based, without its end.
   std::string_view Line(int aLine) const;
+  /// The number of the line on which a line or record begins, 1-based.
+  int LineNumber(int aLine) const;
+  /// The first line as it stands, at most 64 KiB of it, for guesses at the form.
+  std::string_view FirstLine() const;
+  /// The delimiter that a line "sep=;" tells, in quotes or not; 0 for another line.
+  static char DelimiterOf(std::string_view aLine);
+  /// All bytes, without those of UTF-16, which are told in UTF-8.
+  const TFileWindow& Text() const { return fText; }
 
   void SetForm(const TCsvForm& aForm);
   /// Makes a line the current one, 1-based. Nothing out of range.
@@ -82,24 +90,39 @@ class TCsvFile {
     bool unclosed = false;
   };
 
-  TCsvFile(std::string aName, TFileWindow aText, TTextCode aCode);
+  /// From a record on, so many lines more than records stand in front of each.
+  struct TJump {
+    int record;  ///< 1-based
+    int lines;
+  };
+
+  TCsvFile(std::string aName, TFileWindow aText, TTextCode aCode, bool aRecords);
 
   void FindLines();
+  void FindRecords();
+  /// How many lines the record takes that begins with a line, 0-based.
+  std::size_t LinesOfRecord(std::size_t aLine) const;
+  /// Does a line, whose beginning stands inside quotes or not, end inside quotes?
+  bool EndsOpen(std::string_view aLine, bool aOpen) const;
   /// Calls `aVisit` with the place where each line begins.
   template <class TVisit>
   void VisitStarts(TVisit aVisit) const;
   void Cut() const;
   /// Takes the first column off the rest of a line; false when it was the last.
   bool TakeColumn(std::string_view& aRest, TColumn& aColumn) const;
+  /// Takes what stands behind an opening quote, with the closing one.
   void TakeQuoted(std::string_view& aRest, TColumn& aColumn) const;
   void AppendText(std::string& aText, std::string_view aBytes) const;
   std::string Text(const TColumn& aColumn) const;
 
   std::string fName;
   TFileWindow fText;
+  bool fRecords;
   bool fUtf8 = false;
   std::size_t fFirst = 0;  ///< where the first line begins, behind a mark
+  std::size_t fEnd = 0;    ///< of the last line
   std::vector<std::size_t> fStarts;
+  std::vector<TJump> fJumps;
   TCsvForm fForm;
   int fCurrent = 0;
   mutable bool fCut = false;

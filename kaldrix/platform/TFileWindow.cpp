@@ -33,6 +33,7 @@ struct TFileWindow::TFile {
 
 TFileWindow::TFileWindow(std::string aBytes) : fSize(aBytes.size()), fBytes(std::move(aBytes)) {}
 TFileWindow::TFileWindow(TFileWindow&&) noexcept = default;
+TFileWindow& TFileWindow::operator=(TFileWindow&&) noexcept = default;
 TFileWindow::~TFileWindow() = default;
 
 TFileWindow TFileWindow::Open(const std::string& aFileName) {
@@ -40,7 +41,9 @@ TFileWindow TFileWindow::Open(const std::string& aFileName) {
   if (handle < 0) return TFileWindow(ReadFile(aFileName));  // which tells why
   auto file = std::make_unique<TFile>(aFileName, handle);
   file->first = file->Facts();
-  if (!S_ISREG(file->first.st_mode) || file->first.st_size <= 0) return TFileWindow(ReadFile(aFileName));
+  if (!S_ISREG(file->first.st_mode) || file->first.st_size <= 0) {
+    return TFileWindow(ReadFile(aFileName, MostWhole));
+  }
   TFileWindow window{std::string()};
   window.fSize = static_cast<std::size_t>(file->first.st_size);
   window.fFile = std::move(file);

@@ -14,10 +14,11 @@ class TFileWindow {
  public:
   /// Of bytes, which all stand in memory.
   explicit TFileWindow(std::string aBytes);
-  /// Of a file; one that is no plain file (a pipe, say) is read whole. Raises EFileNotFoundException and
-  /// EStreamError with the name.
+  /// Of a file; one that is no plain file (a pipe, say) is read whole, up to MostWhole. Raises
+  /// EFileNotFoundException and EStreamError with the name.
   static TFileWindow Open(const std::string& aFileName);
   TFileWindow(TFileWindow&&) noexcept;
+  TFileWindow& operator=(TFileWindow&&) noexcept;
   ~TFileWindow();
 
   std::size_t Size() const { return fSize; }
@@ -29,6 +30,8 @@ class TFileWindow {
 
   /// As much as a view asks for that wants to see all of the file in turn.
   static constexpr std::size_t Step = std::size_t{1} << 17;
+  /// The most bytes of what is read whole.
+  static constexpr std::size_t MostWhole = std::size_t{1} << 31;
 
  private:
   struct TFile;
