@@ -7,6 +7,7 @@
 #include "apps/kaldrix/Documents.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/core/JsonFields.hpp"
+#include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 
@@ -90,6 +91,7 @@ InfoCommand::InfoCommand(CLI::App& aProgram) : Command(aProgram, "info", "Tell w
 int InfoCommand::Run() const {
   TKDXLabel document;
   LoadDocument(document, fInput);
+  for (TKDXCounter* counter : document.fCounters) counter->Reset();  // as a print finds them
   const std::unique_ptr<TJsonObject> info = Describe(document);
   WriteOutput("-", fJson ? info->ToJSON(false) + "\n" : AsText(*info));
   return 0;

@@ -145,6 +145,7 @@ void PrintSource::TakeRepeat(TKDXData& aData, const std::string& aDocumentName) 
   const TKDXDatasetItem* source = aData.fLinkData ? aData.Source() : nullptr;
   if (wanted.empty() || (source == nullptr && !fRepeat)) return;
   if (source == nullptr) throw Exception(aDocumentName + ": there are no records for --repeat");
+  if (source->fFields.Count() == 0) return;  // without a record, which is told in its turn
   const TKDXFieldItem* field = source->fFields.Find(wanted);
   if (field == nullptr) {
     const std::string from = fRepeat ? "--repeat" : aDocumentName;

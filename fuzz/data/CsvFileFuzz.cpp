@@ -1,5 +1,5 @@
 // Any bytes as a file of columns: the first byte chooses code, delimiter and quote. Lines and columns have to
-// make up the file again, and every text is UTF-8.
+// make up the file again, and every text is UTF-8. The same bytes as records hold no line that lines do not.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -40,6 +40,26 @@ void TryLine(TCsvFile& aFile, int aLine, bool aQuoted, char aDelimiter) {
   }
 }
 
+/// Records begin where lines begin, in their order, and are as good as lines for all that is asked of them.
+void TryRecords(const TCsvFile& aLines, const std::string& aBytes, TTextCode aCode, const TCsvForm& aForm) {
+  const auto records = TCsvFile::OfRecords("input", TFileWindow(aBytes), aCode);
+  records->SetForm(aForm);
+  Require(records->LineCount() <= aLines.LineCount());
+  int former = 0;
+  for (int i = 1; i <= records->LineCount(); ++i) {
+    const int line = records->LineNumber(i);
+    Require(line > former && line <= aLines.LineCount());
+    Require(records->Line(i).starts_with(aLines.Line(line)));
+    former = line;
+    records->GoTo(i);
+    for (int k = 0; k < records->ColumnCount(); ++k) {
+      const std::string text = records->Column(k);
+      Require(Utf8::IsValid(text) && text.find('\r') == std::string::npos);
+    }
+    for (const TCsvProblem& problem : records->Problems(3)) Require(problem.line == line);
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* aData, std::size_t aSize) {
@@ -55,5 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* aData, std::size_t aSi
   }
   file.GoTo(1);
   for (const TCsvProblem& problem : file.HeaderProblems()) Require(!problem.what.empty());
+  TryRecords(file, bytes, static_cast<TTextCode>(choice % 3), form);
+  GuessTextCode(TFileWindow(bytes));
   return 0;
 }

@@ -118,7 +118,9 @@ TEST_F(PrintTest, BadJsonIsNamed) {
       {"{\"a\": [{\"Product\": 1,]}", {"bad.json", "(1, "}},
       {"{}", {"bad.json", "no records"}},
       {R"({"a": []})", {"no records"}},
-      {R"({"a": [{"Product": "x", "Ean": "401234510000"}, {"Product": "y", "Ean": "4012345X0037"}]})",
+      {R"({"a": [{"Product": "x", "Ean": "401234510000", "Copies": 1, "Size": "",
+                  "Price": 1, "PerKilo": 1},
+                 {"Product": "y", "Ean": "4012345X0037", "Copies": 1}]})",
        {"product-labels.json", "record 2", "Barcode004", "'4012345X0037' is no code of EAN-13"}},
   };
   for (const TCase& row : cases) {

@@ -3,6 +3,7 @@
 
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "support/TBareLabel.hpp"
 #include "support/TMemoryDataSet.hpp"
@@ -92,6 +93,74 @@ TEST_F(DataSource, ACsvFileNeedsToExistAndASeparator) {
   EXPECT_EQ(failure([&] { data.SetCsvData("missing.csv", true, scvComma, scqNone); }), "File does not exist");
   EXPECT_EQ(data.fCsvFileName, "");
   EXPECT_EQ(failure([&] { data.SetCsvFileName("missing.csv"); }), "File does not exist");
+}
+
+TEST_F(DataSource, AnotherLanguageLeavesTheCsvSourceFound) {
+  const TTestFile file("Name;City\na;b\n");
+  data.SetCsvData(file.Name(), true, scvSemicolon, scqDoubleQuotes);
+  data.Select(dtyCsv);
+  std::string texts = TKDXMsg::IniText();
+  const std::string_view caption = "CsvFile=CsvFile";
+  ASSERT_NE(texts.find(caption), std::string::npos);
+  TKDXMsg::LoadText(texts.replace(texts.find(caption), caption.size(), "CsvFile=Datei"));
+  TBareLabel read;
+  std::string bytes;
+  TBinaryWriter writer(bytes);
+  data.WriteData(writer);
+  TBinaryReader reader(bytes);
+  read.fData->ReadData(FormatVersion, reader);
+  TKDXMsg::LoadResources("");
+  EXPECT_EQ(read.fData->fDatasets.GetItem(0)->fCaption, "Datei");
+  EXPECT_EQ(read.fData->fDataSel, "CsvFile");
+  read.CheckPrintData();
+  EXPECT_EQ(read.fData->DataValue("City", ""), "b");
+  TTexts fields;
+  read.GetDataFields(fields, "", false);
+  EXPECT_EQ(fields, (TTexts{"{Name", "{City"}));
+}
+
+TEST_F(DataSource, ARefreshedDescriptionFollowsTheFile) {
+  const TTestFile file("Name;City\na;b\n"), turned("City;More;name\nb;x;a\n");
+  data.SetCsvData(file.Name(), true, scvSemicolon, scqDoubleQuotes);
+  data.Select(dtyCsv);
+  data.Source()->fFields.GetItem(0)->fCaption = "Who";
+  data.SetCsvField(1, ftInt);
+  data.fCsvFileName = turned.Name();
+  data.RefreshCsvFields();
+  EXPECT_EQ(Fields(*data.Source()), (TTexts{"City:2", "More:0", "Who:0"}));
+  data.Reset();
+  EXPECT_EQ(data.DataValue("Who", ""), "a");
+
+  // Without a header there are places only, and captions of whatever language.
+  data.SetCsvHeader(false);
+  data.Source()->fFields.GetItem(0)->fCaption = "Feld1";
+  data.RefreshCsvFields();
+  EXPECT_EQ(Fields(*data.Source()), (TTexts{"Feld1:0", "Field2:0", "Field3:0"}));
+}
+
+TEST_F(DataSource, AJsonFileOffersWhatItsTextOffers) {
+  const std::string text =
+      R"({"rows": [{"s": "a", "i": 1, "lines": [{"q": 2}]}, {"s": "b", "i": 2}], "one": 1,
+      "none": []})";
+  TBareLabel whole;
+  whole.fData->SetJson(text);
+  data.SetJson(R"({"former": []})");
+  data.SetJsonFile(std::make_shared<TJsonFile>(TFileWindow(text)));
+  ASSERT_EQ(data.fDatasets.Count(), whole.fData->fDatasets.Count());
+  EXPECT_EQ(Fields(*data.GetDataset("rows")), Fields(*whole.fData->GetDataset("rows")));
+  EXPECT_EQ(Fields(*data.GetDataset("rows")->fDetails.Find("lines")), TTexts{"q:2"});
+  data.Select(dtyJson, "rows");
+  data.SetFieldRepeat("i");
+  data.Reset();
+  EXPECT_EQ(data.fNumlabels, 3);
+  EXPECT_EQ(data.FirstDetail("lines"), 1);
+  EXPECT_EQ(data.DataDetailValue("lines", "q", ""), "2");
+  data.Next();
+  EXPECT_EQ(data.DataValue("s", ""), "b");
+  data.First();
+  EXPECT_EQ(data.DataValue("s", ""), "a");
+  data.SetJson("");
+  EXPECT_EQ(data.fDatasets.Count(), 0) << "a text takes the place of the file";
 }
 
 TEST_F(DataSource, ADataSetOffersItsFields) {

@@ -113,6 +113,23 @@ TEST_P(DataWalk, AMissingRepeatFieldGivesTheRepetition) {
   EXPECT_EQ(Names(4), "aaab");
 }
 
+TEST_P(DataWalk, AStrictWalkTellsARepeatFieldThatIsNoNumber) {
+  data.SetFieldRepeat("Qty");
+  Offer({{"a", "2"}, {"b", GetParam() == dtyJson ? "true" : "x"}, {"c", "1"}});
+  data.Reset();
+  EXPECT_EQ(data.fNumlabels, GetParam() == dtyCsv ? 4 : 3) << "what each source makes of it";
+  EXPECT_EQ(data.RepeatProblem(), "");
+  data.fStrict = true;
+  data.Reset();
+  EXPECT_EQ(data.fNumlabels, 4);
+  EXPECT_EQ(data.RepeatProblem().substr(0, 9), "record 2:") << data.RepeatProblem();
+  EXPECT_EQ(data.Record(), 1);
+  EXPECT_TRUE(data.RecordProblems().empty());
+  data.Skip(2);
+  EXPECT_EQ(data.RecordProblems().size(), 1U);
+  EXPECT_EQ(Names(2), "bc");
+}
+
 TEST_P(DataWalk, WithoutRecordsThereIsNoData) {
   Offer({});
   data.Reset();
