@@ -15,10 +15,11 @@ constexpr std::size_t TokenBytes = 64;
 /// fault in what has been seen by then.
 class TValueEnd {
  public:
-  /// False when the value goes on behind this part.
-  bool Passed(std::string_view aPart) {
-    return std::any_of(aPart.begin(), aPart.end(),
-                       [this](char c) { return fInText ? TextEnds(c) : Ends(c); });
+  /// The place of its last byte in this part, or of one behind it; the size of the part when it goes on.
+  std::size_t FindIn(std::string_view aPart) {
+    const auto* end =
+        std::find_if(aPart.begin(), aPart.end(), [this](char c) { return fInText ? TextEnds(c) : Ends(c); });
+    return static_cast<std::size_t>(end - aPart.begin());
   }
 
  private:
@@ -91,8 +92,10 @@ void TJsonReader::HoldValue() {
   if (fWindow == nullptr) return;
   TValueEnd end;
   std::size_t seen = 0;
-  while (!end.Passed({fAt + seen, static_cast<std::size_t>(fEnd - fAt) - seen})) {
-    seen = static_cast<std::size_t>(fEnd - fAt);
+  for (;;) {
+    const auto shown = static_cast<std::size_t>(fEnd - fAt);
+    seen += end.FindIn({fAt + seen, shown - seen});
+    if (seen < shown) return Show(seen + TokenBytes);
     if (Place() + seen == fWindow->Size()) return;
     Show(seen * 2 + TokenBytes);
   }

@@ -64,6 +64,7 @@ TEST(TJsonFile, GivesWhatTheWholeTextGives) {
       R"({"a": [-]})",
       R"({"a": ["\q"]})",
       R"({"a": [1e999]})",
+      "{\"a\": [\"\\u\001{xyz\"]}",
       "{\"a\": [" + std::string(600, '[') + "]}",
       "{\"a\": [\"" + std::string(5000, 'x') + "\", " + std::string(300, ' ') + "\r\n\"y\" \r z]}",
       "\xFF\xFE{",
