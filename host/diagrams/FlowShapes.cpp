@@ -30,7 +30,6 @@ struct TFlowShape {
 
 constexpr TOffers Top{{{2}, {3}, {4}}}, Right{{{6}, {7}, {8}}}, Bottom{{{12}, {11}, {10}}},
     Left{{{16}, {15}, {14}}};
-constexpr TOffers RightMiddle{{{7}}}, BottomMiddle{{{11}}}, LeftMiddle{{{15}}};
 // Of a box: its corners too.
 constexpr TOffers BoxTop{{Corner(1), {2}, {3}, {4}, Corner(5)}},
     BoxRight{{Corner(5), {6}, {7}, {8}, Corner(9)}}, BoxBottom{{Corner(13), {12}, {11}, {10}, Corner(9)}},
@@ -45,36 +44,36 @@ constexpr TOffers DecisionTop{{Beside(15), OnEdge(1), Before(3), OnEdge(5), Besi
     DecisionBottom{{Beside(15), OnEdge(13), Behind(11), OnEdge(9), Beside(7)}},
     DecisionLeft{{Beside(3), OnEdge(1), Before(15), OnEdge(13), Beside(11)}},
     DecisionRight{{Beside(3), OnEdge(5), Behind(7), OnEdge(9), Beside(11)}};
-// The corners of these lie an eighth inside the box.
-constexpr TOffers StartTop{{Spare(2), {3}, Spare(4)}}, StartBottom{{Spare(12), {11}, Spare(10)}};
-constexpr TOffers StepTop{{Corner(1), {3}, Spare(4)}}, StepBottom{{Corner(13), {11}, Spare(10)}};
+// The corners of these lie inside the box; to the sides all rounded and pointed shapes are like Start.
+constexpr TOffers StartTop{{Spare(2), {3}, Spare(4)}}, StartRight{{Corner(4), {7}, Corner(10)}},
+    StartBottom{{Spare(12), {11}, Spare(10)}}, StartLeft{{Corner(2), {15}, Corner(12)}};
+constexpr TOffers StepTop{{Corner(1), {3}, Spare(4)}}, StepBottom{{Corner(13), {11}, Spare(10)}},
+    StepLeft{{Corner(1), {15}, Corner(13)}};
+constexpr TOffers DataTop{{Spare(2), {3}, Corner(5)}}, DataRight{{Corner(5), {7}, Corner(10)}},
+    DataBottom{{Corner(13), {11}, Spare(10)}}, DataLeft{{Corner(2), {15}, Corner(13)}};
+constexpr TOffers FunnelRight{{Corner(5), {7}, Corner(10)}}, FunnelLeft{{Corner(1), {15}, Corner(12)}};
 
 constexpr std::array<TFlowShape, EnumCount<TZORFlowType>> Shapes{{
-    {0.12, 0, Top, RightMiddle, Bottom, LeftMiddle},                         // ftTerminator
+    {0.12, 0, Top, StartRight, Bottom, StartLeft},                           // ftTerminator
     {0, 0, BoxTop, BoxRight, BoxBottom, BoxLeft},                            // ftProcess
     {0, 0.20, BoxTop, Right, {{Corner(13), {11}, Corner(9)}}, Left},         // ftDocument
     {0.14, 0.32, {{{3}, {4}}}, Right, {{Corner(13), {11}}}, Left},           // ftMultiDocument
     {0.42, 0.58, DecisionTop, DecisionRight, DecisionBottom, DecisionLeft},  // ftDecision
-    {0.25,
-     0,
-     {{Spare(2), {3}, Corner(5)}},
-     RightMiddle,
-     {{Corner(13), {11}, Spare(10)}},
-     LeftMiddle},                                        // ftData
-    {0, 0.12, Top, Right, Bottom, Left},                 // ftDatabase
-    {0.14, 0, BoxTop, BoxRight, BoxBottom, BoxLeft},     // ftPredefined
-    {0, 0.25, Top, Right, BoxBottom, Left},              // ftManualInput
-    {0.25, 0, BoxTop, RightMiddle, Bottom, LeftMiddle},  // ftManualOperation
-    {0.30, 0, Top, RightMiddle, Bottom, LeftMiddle},     // ftPreparation
+    {0.25, 0, DataTop, DataRight, DataBottom, DataLeft},                     // ftData
+    {0, 0.12, Top, Right, Bottom, Left},                                     // ftDatabase
+    {0.14, 0, BoxTop, BoxRight, BoxBottom, BoxLeft},                         // ftPredefined
+    {0, 0.25, Top, Right, BoxBottom, Left},                                  // ftManualInput
+    {0.25, 0, BoxTop, FunnelRight, Bottom, FunnelLeft},                      // ftManualOperation
+    {0.30, 0, Top, StartRight, Bottom, StartLeft},                           // ftPreparation
     {0.27,
      0.32,
      {{{2}, {3}, {4}}},
      {{{4}, {7}, {10}}},
      {{{12}, {11}, {10}}},
-     {{{2}, {15}, {12}}}},                                      // ftEllipse
-    {0.25, 0, StartTop, RightMiddle, StartBottom, LeftMiddle},  // ftStart
-    {0.25, 0, StepTop, RightMiddle, StepBottom, LeftMiddle},    // ftStep
-    {0.25, 0, StepTop, RightMiddle, StepBottom, LeftMiddle},    // ftEnd
+     {{{2}, {15}, {12}}}},                                    // ftEllipse
+    {0.25, 0, StartTop, StartRight, StartBottom, StartLeft},  // ftStart
+    {0.25, 0, StepTop, StartRight, StepBottom, StepLeft},     // ftStep
+    {0.25, 0, StepTop, StartRight, StepBottom, StepLeft},     // ftEnd
 }};
 
 // Millimetres.

@@ -12,9 +12,11 @@ constexpr TPortLine Out{1, false}, In{2, true}, Dashed{3, true}, Thick{4, true};
 
 /// The positions that lines get on a side of an outline.
 std::vector<int> Dealt(TZORFlowType aShape, TLayoutSide aSide, const std::vector<TPortLine>& aLines) {
-  const std::vector<TLayoutPort> ports = FlowPorts(aShape, Box)[aSide];
+  std::vector<TLayoutPort> ports = FlowPorts(aShape, Box)[aSide];
+  const bool upright = aSide == lsdRight || aSide == lsdLeft;
+  for (TLayoutPort& port : ports) port.at.x = upright ? port.at.y : port.at.x;
   std::vector<int> positions;
-  for (const std::size_t port : DealPorts(ports, Box.width, aLines))
+  for (const std::size_t port : DealPorts(ports, upright ? Box.height : Box.width, aLines))
     positions.push_back(ports[port].position);
   return positions;
 }
@@ -47,6 +49,19 @@ TEST(PortDealing, LinesOfDifferentLooksShareNoPort) {
   for (const TCase& c : cases) {
     const std::vector<int> positions = Dealt(c.shape, lsdBottom, c.lines);
     EXPECT_EQ(positions, c.positions) << testing::PrintToString(positions);
+  }
+}
+
+TEST(PortDealing, EverySideHasAPortForEachDirection) {
+  // Slanted, pointed and round sides have corners for the second look; a link alone takes their middle.
+  for (std::size_t i = 0; i < EnumCount<TZORFlowType>; ++i) {
+    const auto shape = static_cast<TZORFlowType>(i);
+    for (const TLayoutSide side : {lsdTop, lsdRight, lsdBottom, lsdLeft}) {
+      const std::vector<int> both = Dealt(shape, side, {Out, In});
+      EXPECT_NE(both[0], both[1]) << i << " at " << side;
+    }
+    EXPECT_EQ(Dealt(shape, lsdRight, {Out}), std::vector{7}) << i;
+    EXPECT_EQ(Dealt(shape, lsdLeft, {In}), std::vector{15}) << i;
   }
 }
 
