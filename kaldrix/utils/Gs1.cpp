@@ -96,12 +96,21 @@ bool IsDate(std::string_view aDigits, bool aWholeMonth) {
 }
 
 std::string DateProblem(std::string_view aDigits, bool aWholeMonth) {
-  return IsDate(aDigits, aWholeMonth) ? "" : ShownCode(aDigits.substr(0, 6)) + " is no date YYMMDD";
+  return IsDate(aDigits, aWholeMonth) ? "" : ShownCode(aDigits) + " is no date YYMMDD";
+}
+
+/// Are there one or two pairs of digits, each below its bound?
+bool ArePairs(std::string_view aDigits, std::size_t aFirst, std::size_t aSecond) {
+  if (aDigits.size() != 2 && aDigits.size() != 4) return false;
+  return NumberAt(aDigits, 0) < aFirst && (aDigits.size() == 2 || NumberAt(aDigits, 2) < aSecond);
 }
 
 std::string TimeProblem(std::string_view aDigits) {
-  const bool right = NumberAt(aDigits, 6) < 24 && (aDigits.size() < 10 || NumberAt(aDigits, 8) < 60);
-  return right ? "" : ShownCode(aDigits.substr(6)) + " is no time of the day";
+  return ArePairs(aDigits, 24, 60) ? "" : ShownCode(aDigits) + " is no time of the day";
+}
+
+std::string MinutesProblem(std::string_view aDigits) {
+  return ArePairs(aDigits, 60, 60) ? "" : ShownCode(aDigits) + " is neither minutes nor minutes and seconds";
 }
 
 std::string CheckDigitProblem(std::string_view aDigits) {
@@ -120,11 +129,10 @@ std::string CheckProblem(std::string_view aPart, TGs1Check aCheck) {
     case gcDate:
     case gcDate00:
       return DateProblem(aPart, aCheck == gcDate00);
-    case gcHour:
-    case gcMinute: {
-      std::string problem = DateProblem(aPart, false);
-      return problem.empty() ? TimeProblem(aPart) : problem;
-    }
+    case gcTime:
+      return TimeProblem(aPart);
+    case gcMinutes:
+      return MinutesProblem(aPart);
     case gcTriples:
       return aPart.size() % 3 == 0 ? "" : ShownCode(aPart) + " is not made of numbers of three digits";
     case gcMinus:
@@ -161,9 +169,10 @@ std::string DataProblem(std::string_view aData, const TGs1Row& aRow) {
     aData.remove_prefix(piece.size());
     if (piece.empty() || !problem.empty()) continue;
     problem = CharactersProblem(piece, part.set);
-    // A second date may be missing, not be cut.
-    const bool cut = part.check == gcDate && piece.size() < part.most;
-    if (cut) problem = ShownCode(piece) + " is no date YYMMDD";
+    // A second date or a time may be missing, not be cut.
+    const bool cut = (part.check == gcDate || part.check == gcTime) && piece.size() < part.most;
+    if (problem.empty() && cut)
+      problem = ShownCode(piece) + " is cut: " + std::to_string(part.most) + " digits belong there";
     if (problem.empty()) problem = CheckProblem(piece, part.check);
   }
   return problem;

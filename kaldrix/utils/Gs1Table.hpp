@@ -16,8 +16,8 @@ enum TGs1Check : std::uint8_t {
   gcDigit,    ///< the last is the check digit of the others
   gcDate,     ///< YYMMDD
   gcDate00,   ///< YYMMDD, where a day 00 stands for the whole month
-  gcHour,     ///< YYMMDDhh
-  gcMinute,   ///< YYMMDDhhmm
+  gcTime,     ///< hh or hhmm, as long as the part
+  gcMinutes,  ///< mm or mmss
   gcTriples,  ///< of three digits each
   gcMinus     ///< a minus sign
 };
@@ -47,7 +47,7 @@ constexpr TGs1Part UpToX(std::uint8_t aMost) { return {gs82, 1, aMost}; }
 constexpr TGs1Part Optional(TGs1Part aPart) { return {aPart.set, 0, aPart.most, aPart.check}; }
 /// A number with its check digit.
 constexpr TGs1Part Key(std::uint8_t aCount) { return N(aCount, gcDigit); }
-constexpr TGs1Part Date = N(6, gcDate), Month = N(6, gcDate00), Minute = N(10, gcMinute);
+constexpr TGs1Part Date = N(6, gcDate), Month = N(6, gcDate00), Hour = N(2, gcTime), Time = N(4, gcTime);
 constexpr TGs1Part Countries{gsDigits, 3, 15, gcTriples};
 
 inline constexpr auto Rows = std::to_array<TGs1Row>({
@@ -107,13 +107,13 @@ inline constexpr auto Rows = std::to_array<TGs1Row>({
     {"4319", "4319", {UpToX(30)}},
     {"4320", "4320", {UpToX(35)}},
     {"4321", "4323", {N(1)}},
-    {"4324", "4325", {N(10)}},  // an hour 99 stands for none
+    {"4324", "4325", {Month, N(4)}},  // a time 9999 stands for none
     {"4326", "4326", {Date}},
     {"4330", "4333", {N(6), {gs82, 0, 1, gcMinus}}},
     // What a trade item is.
     {"7001", "7001", {N(13)}},
     {"7002", "7002", {UpToX(30)}},
-    {"7003", "7003", {Minute}},
+    {"7003", "7003", {Date, Time}},
     {"7004", "7004", {UpToN(4)}},
     {"7005", "7005", {UpToX(12)}},
     {"7006", "7006", {Date}},
@@ -121,7 +121,7 @@ inline constexpr auto Rows = std::to_array<TGs1Row>({
     {"7008", "7008", {UpToX(3)}},
     {"7009", "7009", {UpToX(10)}},
     {"7010", "7010", {UpToX(2)}},
-    {"7011", "7011", {Date, Optional(UpToN(4))}},
+    {"7011", "7011", {Date, Optional(Time)}},
     {"7020", "7022", {UpToX(20)}},
     {"7023", "7023", {UpToX(30)}},
     {"7030", "7039", {N(3), UpToX(27)}},
@@ -149,7 +149,7 @@ inline constexpr auto Rows = std::to_array<TGs1Row>({
     {"8005", "8005", {N(6)}},
     {"8006", "8006", {Key(14), N(4)}},
     {"8007", "8007", {UpToX(34)}},
-    {"8008", "8008", {N(8, gcHour), Optional(UpToN(4))}},
+    {"8008", "8008", {Date, Hour, {gsDigits, 0, 4, gcMinutes}}},
     {"8009", "8009", {UpToX(50)}},
     {"8010", "8010", {{gs39, 1, 30}}},
     {"8011", "8011", {UpToN(12)}},
