@@ -7,7 +7,7 @@ namespace Zor::inline F2d {
 
 namespace {
 
-/// An element of numbers in document units, which are Singles.
+/// An element of numbers that are narrowed to Singles, as all values in document units are.
 class TElement : public TSvgElement {
  public:
   using TSvgElement::TSvgElement;
