@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
@@ -9,6 +10,7 @@
 #include "kaldrix/items/ZOR.Barcode.hpp"
 #include "kaldrix/platform/Ansi.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/Format.hpp"
 #include "kaldrix/platform/NameHints.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 #include "kaldrix/utils/BarcodeReading.hpp"
@@ -44,6 +46,32 @@ std::string DashHint(const CLI::App& aProgram, const CLI::Error& aError) {
   if (dash)
     message += "A text that begins with a dash stands last, behind --: barcode TYPE -o FILE -- TEXT\n";
   return message;
+}
+
+/// What the standards leave blank around a symbol, in modules.
+struct TQuietZone {
+  TZORItemType item;
+  Single sides, ends;  ///< left and right; above and below
+};
+constexpr std::array<TQuietZone, 4> QuietZones{
+    {{itBarcode, 10, 0}, {itQRCode, 4, 4}, {itDataMatrix, 1, 1}, {itPDF417, 2, 2}}};
+
+/// Items have a fixed one, which is too small for large modules.
+void WidenQuietZone(TBarItem& aItem, TZORItemType aType) {
+  const auto* const zone = std::find_if(QuietZones.begin(), QuietZones.end(),
+                                        [=](const TQuietZone& aZone) { return aZone.item == aType; });
+  const Single module = aItem.GetBarWidth();
+  aItem.SetPaddingX(std::max(aItem.GetPaddingX(), zone->sides * module));
+  aItem.SetPaddingY(std::max(aItem.GetPaddingY(), zone->ends * module));
+}
+
+/// Items raise what is below their least. Raises CLI::ValidationError for it.
+void CheckTaken(const std::string& aOption, Single aAsked, Single aTaken) {
+  constexpr Single rounding = 0.0006F;  // lengths are held in thousandths
+  if (aTaken <= aAsked + rounding) return;
+  throw CLI::ValidationError(aOption, FormatFloat("0.###", double{aAsked}) +
+                                          " mm are below the least of the type, " +
+                                          FormatFloat("0.###", double{aTaken}) + " mm");
 }
 
 /// The label becomes as large as the symbol with its quiet zone.
@@ -116,8 +144,15 @@ void BarcodeCommand::CheckUse() const {
 template <class TItem>
 TItem& BarcodeCommand::Make(TKDXLabel& aDocument) const {
   auto& item = static_cast<TItem&>(*aDocument.NewItemOfType(Kind().item, false));
-  if (fModule > 0) item.SetBarWidth(fModule);
-  if (fHeight > 0) item.SetBarHeight(fHeight);
+  if (fModule > 0) {
+    item.SetBarWidth(fModule);
+    CheckTaken("--module", fModule, item.GetBarWidth());
+  }
+  if (fHeight > 0) {
+    item.SetBarHeight(fHeight);
+    CheckTaken("--height", fHeight, item.GetBarHeight());
+  }
+  WidenQuietZone(item, Kind().item);
   return item;
 }
 

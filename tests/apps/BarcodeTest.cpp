@@ -121,6 +121,19 @@ TEST_F(BarcodeTest, WhatASymbolCannotHoldIsNamed) {
   }
 }
 
+TEST_F(BarcodeTest, TheQuietZoneGrowsWithTheModules) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"code128c 12 --no-text", "width=\"66mm\""},  // 46 modules and 10 on either side
+      {"qr a", "width=\"29mm\" height=\"29mm\""},
+      {"datamatrix a", "width=\"14mm\" height=\"14mm\""},
+  };
+  for (const auto& [arguments, size] : cases) {
+    EXPECT_EQ(Kaldrix(std::string("barcode ") + arguments + " --module 1 -o " + File("a.svg")).status, 0);
+    EXPECT_NE(ReadFile(File("a.svg")).find(size), std::string::npos)
+        << ReadFile(File("a.svg")).substr(0, 200);
+  }
+}
+
 TEST_F(BarcodeTest, WrongUseIsTwo) {
   EXPECT_NE(Make("ean14 1").text.find("the nearest of 26 are 'ean13'"), std::string::npos);
   EXPECT_NE(Make("codabar -+-").text.find("stands last, behind --"), std::string::npos);
@@ -128,6 +141,12 @@ TEST_F(BarcodeTest, WrongUseIsTwo) {
                               "code39 A --pad", "qr a --gs1", "datamatrix a --escapes"}) {
     EXPECT_EQ(Make(nothing).status, 2) << nothing;
     EXPECT_NE(Make(nothing).text.find("does nothing for"), std::string::npos) << nothing;
+  }
+  for (const char* small :
+       {"ean13 401234510000 --check --module 0.05", "ean13 401234510000 --check --height 1",
+        "qr a --module 0.05", "pdf417 a --height 0.1"}) {
+    EXPECT_EQ(Make(small).status, 2) << small;
+    EXPECT_NE(Make(small).text.find("below the least of the type, "), std::string::npos) << small;
   }
   for (const char* arguments :
        {"", "qr", "codabar -+- -o a.png", "qr a", "ean14 1 -o a.png", "qr a -o a.txt", "qr a -o a.json",
