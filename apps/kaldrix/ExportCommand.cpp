@@ -1,9 +1,11 @@
 #include "apps/kaldrix/ExportCommand.hpp"
 
 #include <CLI/CLI.hpp>
+#include <iostream>
 #include <map>
 
 #include "apps/kaldrix/Documents.hpp"
+#include "host/LiteralCodes.hpp"
 
 namespace Zor::Program {
 
@@ -11,6 +13,13 @@ namespace {
 
 const std::map<std::string, TZORExportSVG> SvgModes{
     {"current", svCurrentUnit}, {"plain", svCurUnitNoMed}, {"factor", svFactor}, {"px", svFactorPx}};
+
+/// A picture shows what is there, as an editor does; that no reader finds it is told all the same.
+void TellCodes(const TKDXLabel& aDocument, const std::string& aInput) {
+  const std::string name = aInput == "-" ? "standard input" : aInput;
+  for (const std::string& problem : LiteralCodeProblems(aDocument, lopExport))
+    std::cerr << "kaldrix: " << name << ": " << problem << '\n';
+}
 
 }  // namespace
 
@@ -42,6 +51,7 @@ int ExportCommand::Run() const {
   TKDXLabel document;
   LoadDocument(document, fInput);
   fOutput.Write(document, fOptions);
+  if (fOutput.Format().picture) TellCodes(document, fInput);
   return 0;
 }
 

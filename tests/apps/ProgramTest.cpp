@@ -59,6 +59,18 @@ TEST_F(ProgramTest, TheSvgModesDiffer) {
   }
 }
 
+TEST_F(ProgramTest, ExportsTellTheBarcodesThatNobodyReads) {
+  std::string text = ReadFile(Example("pallet-label.json"));
+  const std::string right = "(00)", wrong = "(99999)";
+  ASSERT_NE(text.find(right), std::string::npos);
+  text.replace(text.find(right), right.size(), wrong);
+  WriteFileAtomically(File("bad.json"), text);
+  const TOutcome picture = Kaldrix("export " + File("bad.json") + " -o " + File("bad.svg"));
+  EXPECT_EQ(picture.status, 0);
+  EXPECT_NE(picture.text.find("bad.json: Barcode"), std::string::npos) << picture.text;
+  EXPECT_EQ(Kaldrix("export " + File("bad.json") + " -o " + File("bad.bin")).text, "");
+}
+
 TEST_F(ProgramTest, InfoTellsWhatADocumentHolds) {
   const TOutcome done = Kaldrix("info --json " + Example("floor-plan.json"));
   ASSERT_EQ(done.status, 0);
