@@ -9,6 +9,7 @@
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/ShownName.hpp"
 
 namespace Zor::inline Host {
 
@@ -65,7 +66,7 @@ std::string LabelLine(const TRunLabel& aLabel, const std::string& aFile) {
     TJsonObject& counters = line.AddNewObject("counters");
     for (const auto& [name, value] : aLabel.counters) counters.PutString(name, value);
   }
-  line.PutString("file", aFile);
+  line.PutString("file", NameAsText(aFile));
   if (!aLabel.leftOut.empty()) line.PutString("leftOut", aLabel.leftOut);
   return line.ToJSON(true) + "\n";
 }

@@ -7,6 +7,7 @@
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/ShownName.hpp"
 #include "kaldrix/platform/Format.hpp"
 #include "kaldrix/platform/TTemporaryFile.hpp"
 
@@ -73,7 +74,7 @@ TRunHead TRunWriter::Head() const {
   head.startRow = fDocument.fPrintInfo->fFirstRow;
   head.startColumn = fDocument.fPrintInfo->fFirstCol;
   head.part = fEach;
-  head.output = ExtractFileName(fJob.output);
+  head.output = NameAsText(ExtractFileName(fJob.output));
   head.form = FormOf(fJob);
   head.data = fJob.data;
   head.document = fJob.document;

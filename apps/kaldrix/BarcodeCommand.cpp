@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
@@ -106,14 +107,14 @@ void BarcodeCommand::AddLookOptions() {
   constexpr double least = 0.01, largest = 1000;
   Options()
       .add_option("--module", fModule, "Width of a narrow bar or of a module in millimetres")
-      ->check(CLI::Range(least, largest));
+      ->check(Between(least, largest));
   Options()
       .add_option("--height", fHeight, "Height of the bars, or of a row of PDF417, in millimetres")
-      ->check(CLI::Range(least, largest));
+      ->check(Between(least, largest));
   Options().add_flag("--no-text", fNoText, "No text below the bars");
   Options()
       .add_option("--dpi", fDpi, "Dots per inch of a PNG")
-      ->check(CLI::Range(1.0, 9600.0))
+      ->check(Between(1, 9600))
       ->capture_default_str();
 }
 

@@ -1,7 +1,6 @@
 #include "apps/kaldrix/CheckCommand.hpp"
 
 #include <CLI/CLI.hpp>
-#include <iostream>
 
 #include "apps/kaldrix/Streams.hpp"
 #include "host/TKDXLabel.hpp"
@@ -17,8 +16,7 @@ CheckCommand::CheckCommand(CLI::App& aProgram)
 int CheckCommand::Run() const {
   TKDXLabel scratch;
   const std::vector<std::string> findings = CheckDocument(scratch, ReadInput(fInput));
-  const std::string name = fInput == "-" ? "standard input" : fInput;
-  for (const std::string& finding : findings) std::cerr << "kaldrix: " << name << ": " << finding << '\n';
+  for (const std::string& finding : findings) Tell(ToldName(fInput) + ": " + finding);
   return findings.empty() ? 0 : 1;
 }
 

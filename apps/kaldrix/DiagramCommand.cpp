@@ -1,9 +1,9 @@
 #include "apps/kaldrix/DiagramCommand.hpp"
 
 #include <CLI/CLI.hpp>
-#include <iostream>
-#include <map>
+#include <array>
 
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/diagrams/DiagramToJson.hpp"
@@ -16,19 +16,18 @@ namespace Zor::Program {
 
 namespace {
 
-const std::map<std::string, TZORDiagramFormat> Languages{{"mermaid", dgMermaid}, {"plantuml", dgPlantUML}};
-const std::map<std::string, TZOREditorMode> Modes{{"labelling", emLabelling},
-                                                  {"flowchart", emFlowChart},
-                                                  {"drawing", emDrawing},
-                                                  {"interactive", emInteractive}};
-
-std::string NameOf(const std::string& aInput) { return aInput == "-" ? "standard input" : aInput; }
+constexpr std::array<TWord<TZORDiagramFormat>, 2> Languages{
+    {{"mermaid", dgMermaid}, {"plantuml", dgPlantUML}}};
+constexpr std::array<TWord<TZOREditorMode>, 4> Modes{{{"labelling", emLabelling},
+                                                      {"flowchart", emFlowChart},
+                                                      {"drawing", emDrawing},
+                                                      {"interactive", emInteractive}}};
 
 /// A file's text in UTF-8, its lines ended by a line feed, so that they are counted as editors do. Raises an
 /// Exception for a file that is no text.
 std::string ReadText(const std::string& aInput) {
   std::string bytes = ReadInput(aInput);
-  if (bytes.find('\0') != std::string::npos) throw Exception(NameOf(aInput) + ": the file is no text");
+  if (bytes.find('\0') != std::string::npos) throw Exception(ToldName(aInput) + ": the file is no text");
   if (!Utf8::IsValid(bytes)) bytes = AnsiToUtf8(bytes);
   std::string text;
   text.reserve(bytes.size());
@@ -39,10 +38,9 @@ std::string ReadText(const std::string& aInput) {
   return text;
 }
 
-void TellOne(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) {
-  std::cerr << aFile << ':';
-  if (aDiagnostic.Line > 0) std::cerr << aDiagnostic.Line << ':';
-  std::cerr << ' ' << aDiagnostic.Code << ": " << aDiagnostic.MessageText << '\n';
+void TellOf(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) {
+  const std::string line = aDiagnostic.Line > 0 ? std::to_string(aDiagnostic.Line) + ":" : "";
+  Tell(aFile + ":" + line + " " + aDiagnostic.Code + ": " + aDiagnostic.MessageText);
 }
 
 }  // namespace
@@ -53,17 +51,14 @@ DiagramCommand::DiagramCommand(CLI::App& aProgram)
   CLI::Option* output = fOutput.AddOptions(Options(), false)->required(false);
   CLI::Option* model =
       Options().add_flag("--json", fModel, "Write what the text says, and what is wrong with it, as JSON");
-  Options()
-      .add_option("--format-in", fLanguage, "mermaid or plantuml; told by suffix and text if not given")
-      ->transform(CLI::CheckedTransformer(Languages));
+  AddWords(Options(), "--format-in", fLanguage, Languages,
+           "mermaid or plantuml; told by suffix and text if not given");
   Options().add_flag("--strict", fStrict, "The first warning is an error");
-  Options()
-      .add_option("--mode", fMode, "Of the drawing: labelling, flowchart, drawing or interactive")
-      ->transform(CLI::CheckedTransformer(Modes))
+  AddWords(Options(), "--mode", fMode, Modes, "Of the drawing: labelling, flowchart, drawing or interactive")
       ->default_str("flowchart");
   Options()
       .add_option("--dpi", fOptions.dpi, "Dots per inch of a PNG")
-      ->check(CLI::Range(1.0, 9600.0))
+      ->check(Between(1, 9600))
       ->capture_default_str();
   Options().parse_complete_callback([this, output, model] {
     if (model->count() > 0) return;
@@ -80,9 +75,9 @@ bool DiagramCommand::IsGood(const TKDXDiagramModel& aModel) const {
   return !aModel.HasDiagnostics(fStrict ? dsWarning : dsError);
 }
 
-void DiagramCommand::Tell(const TKDXDiagramModel& aModel) const {
+void DiagramCommand::TellAll(const TKDXDiagramModel& aModel) const {
   for (const TZORDiagramDiagnostic& diagnostic : aModel.fDiagnostics) {
-    TellOne(NameOf(fInput), diagnostic);
+    TellOf(ToldName(fInput), diagnostic);
     if (fStrict && diagnostic.Severity >= dsWarning) return;
   }
 }
@@ -90,14 +85,16 @@ void DiagramCommand::Tell(const TKDXDiagramModel& aModel) const {
 int DiagramCommand::Model() const {
   const auto model = ZORParseDiagram(ReadText(fInput), Language());
   fOutput.WriteBytes(DiagramToJson(*model)->ToJSON(false) + '\n');
-  return IsGood(*model) ? 0 : 1;
+  if (IsGood(*model)) return 0;
+  TellAll(*model);
+  return 1;
 }
 
 int DiagramCommand::Draw() const {
   // The fonts of the system are looked up while the text is read.
   TKDXLabel document;
   const auto model = ZORParseDiagram(ReadText(fInput), Language());
-  Tell(*model);
+  TellAll(*model);
   if (!IsGood(*model)) return 1;
   document.SetEditorMode(fMode);
   DrawDiagram(document, *model, dpgFit);

@@ -18,7 +18,7 @@ class DiagramCommand final : public Command {
   TZORDiagramFormat Language() const;
   bool IsGood(const TKDXDiagramModel& aModel) const;
   /// Writes the diagnostics to standard error; with `--strict` up to the first warning.
-  void Tell(const TKDXDiagramModel& aModel) const;
+  void TellAll(const TKDXDiagramModel& aModel) const;
   // Each gives the exit status.
   int Model() const;
   int Draw() const;

@@ -1,24 +1,24 @@
 #include "apps/kaldrix/ExportCommand.hpp"
 
 #include <CLI/CLI.hpp>
-#include <iostream>
-#include <map>
+#include <array>
 
 #include "apps/kaldrix/Documents.hpp"
+#include "apps/kaldrix/OptionValues.hpp"
+#include "apps/kaldrix/Streams.hpp"
 #include "host/LiteralCodes.hpp"
 
 namespace Zor::Program {
 
 namespace {
 
-const std::map<std::string, TZORExportSVG> SvgModes{
-    {"current", svCurrentUnit}, {"plain", svCurUnitNoMed}, {"factor", svFactor}, {"px", svFactorPx}};
+constexpr std::array<TWord<TZORExportSVG>, 4> SvgModes{
+    {{"current", svCurrentUnit}, {"plain", svCurUnitNoMed}, {"factor", svFactor}, {"px", svFactorPx}}};
 
 /// A picture shows what is there, as an editor does; that no reader finds it is told all the same.
 void TellCodes(const TKDXLabel& aDocument, const std::string& aInput) {
-  const std::string name = aInput == "-" ? "standard input" : aInput;
   for (const std::string& problem : LiteralCodeProblems(aDocument, lopExport))
-    std::cerr << "kaldrix: " << name << ": " << problem << '\n';
+    Tell(ToldName(aInput) + ": " + problem);
 }
 
 }  // namespace
@@ -29,20 +29,19 @@ ExportCommand::ExportCommand(CLI::App& aProgram)
   fOutput.AddOptions(Options(), false);
   Options()
       .add_option("--dpi", fOptions.dpi, "Dots per inch of a PNG")
-      ->check(CLI::Range(1.0, 9600.0))
+      ->check(Between(1, 9600))
       ->capture_default_str();
   Options()
       .add_option("--page", fOptions.page, "The sheet with all labels of this page instead of one label")
-      ->check(CLI::Range(1, 1000000));
+      ->check(Between(1, 1000000));
   Options().add_flag("--fit", fOptions.fit, "Only as large as the items are");
   Options().add_flag("--ids", fOptions.ids, "SVG elements carry the names of their items");
-  Options()
-      .add_option("--svg-mode", fOptions.svgMode, "Numbers of the SVG: current, plain, factor or px")
-      ->transform(CLI::CheckedTransformer(SvgModes))
+  AddWords(Options(), "--svg-mode", fOptions.svgMode, SvgModes,
+           "Numbers of the SVG: current, plain, factor or px")
       ->default_str("current");
   Options()
       .add_option("--factor", fOptions.factor, "What the modes factor and px multiply by")
-      ->check(CLI::Range(0.000001, 1000000.0))
+      ->check(Between(0.000001, 1000000))
       ->capture_default_str();
   Options().parse_complete_callback([this] { fOutput.Format(); });
 }

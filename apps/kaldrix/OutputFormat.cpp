@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <array>
-#include <map>
 
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/Utf8.hpp"
@@ -34,15 +34,13 @@ const TOutputFormat* FindFormat(std::string_view aName, bool aPictures) {
   return nullptr;
 }
 
-const std::map<std::string, TSvgTextForm> SvgTexts{{"portable", stPortable}, {"exact", stExact}};
+constexpr std::array<TWord<TSvgTextForm>, 2> SvgTexts{{{"portable", stPortable}, {"exact", stExact}}};
 
 }  // namespace
 
 void AddSvgText(CLI::App& aOptions, TSvgTextForm& aForm) {
-  aOptions
-      .add_option("--svg-text", aForm,
-                  "Texts of an SVG: portable, by their baseline, or exact, by edges that only browsers know")
-      ->transform(CLI::CheckedTransformer(SvgTexts))
+  AddWords(aOptions, "--svg-text", aForm, SvgTexts,
+           "Texts of an SVG: portable, by their baseline, or exact, by edges that only browsers know")
       ->default_str("portable");
 }
 

@@ -2,10 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <array>
-#include <iostream>
 #include <optional>
 
 #include "apps/kaldrix/Documents.hpp"
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/OutputFormat.hpp"
 #include "apps/kaldrix/PrintReport.hpp"
 #include "apps/kaldrix/ProgressLine.hpp"
@@ -56,8 +56,6 @@ auto Named(const std::string& aFile, TStep aStep) {
   }
 }
 
-void Tell(const std::string& aText) { std::cerr << "kaldrix: " << aText << '\n'; }
-
 /// The checksum of a document with the options that decide how its records are read and its labels look.
 std::uint32_t SumOf(std::uint32_t aBytes, const TKDXData& aData, std::initializer_list<int> aLook) {
   std::string text = aData.fDataSel + '\n' + aData.fFieldRepeat;
@@ -92,7 +90,7 @@ void PrintCommand::AddOutputOptions() {
       ->check(CLI::IsMember({"pdf", "svg", "png"}));
   Options()
       .add_option("--dpi", fDpi, "Dots per inch of a PNG")
-      ->check(CLI::Range(1.0, 9600.0))
+      ->check(Between(1, 9600))
       ->capture_default_str();
   Options().add_flag("--pad", fPad, "Zeros may be put in front of short barcodes");
   AddSvgText(Options(), fSvgText);
@@ -109,12 +107,10 @@ void PrintCommand::AddRangeOptions() {
   Options().add_flag("--counter-repeat", fCounterRepeat,
                      "Let labels behind the end of a counter show its last value again");
   constexpr int most = 32767;
-  Options()
-      .add_option("--start-row", fStartRow, "The first row of the first sheet")
-      ->check(CLI::Range(1, most));
+  Options().add_option("--start-row", fStartRow, "The first row of the first sheet")->check(Between(1, most));
   Options()
       .add_option("--start-col", fStartCol, "The first column of the first sheet")
-      ->check(CLI::Range(1, most));
+      ->check(Between(1, most));
 }
 
 void PrintCommand::AddLedgerOptions() {
@@ -123,7 +119,7 @@ void PrintCommand::AddLedgerOptions() {
   Options()
       .add_option("--part", fPart, "Pages to a part")
       ->needs(manifest)
-      ->check(CLI::Range(1, 1000000))
+      ->check(Between(1, 1000000))
       ->default_str("50, or what the ledger says");
   auto* resume = Options().add_flag("--resume", fResume, "Go on behind the last finished part");
   auto* reprint =

@@ -1,24 +1,27 @@
 #include "apps/kaldrix/Streams.hpp"
 
-#include <iostream>
-#include <iterator>
+#include <unistd.h>
 
-#include "kaldrix/platform/Exceptions.hpp"
+#include <iostream>
+
 #include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/ShownName.hpp"
+#include "kaldrix/platform/TDescriptor.hpp"
 
 namespace Zor::Program {
 
 std::string ReadInput(const std::string& aName) {
   if (aName != "-") return ReadFile(aName);
-  return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
+  return ReadDescriptor(STDIN_FILENO, ToldName(aName));
 }
 
 std::string ToldName(const std::string& aName) { return aName == "-" ? "standard input" : aName; }
 
+void Tell(const std::string& aText) { std::cerr << "kaldrix: " + ShownName(aText) + '\n'; }
+
 void WriteOutput(const std::string& aName, std::string_view aBytes) {
   if (aName != "-") return WriteFileAtomically(aName, aBytes);
-  std::cout.write(aBytes.data(), static_cast<std::streamsize>(aBytes.size())).flush();
-  if (!std::cout) throw EStreamError("standard output cannot be written");
+  WriteAll(STDOUT_FILENO, aBytes, "standard output");
 }
 
 }  // namespace Zor::Program

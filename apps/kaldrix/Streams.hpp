@@ -12,6 +12,10 @@ std::string ReadInput(const std::string& aName);
 /// What messages call a file: "standard input" for "-".
 std::string ToldName(const std::string& aName);
 
+/// Writes a line "kaldrix: TEXT" to standard error. Names in the text cannot end the line or steer a
+/// terminal.
+void Tell(const std::string& aText);
+
 /// Writes a file beside its target and renames it; "-" is standard output.
 void WriteOutput(const std::string& aName, std::string_view aBytes);
 

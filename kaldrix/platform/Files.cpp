@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -20,10 +21,15 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t ChunkBytes = std::size_t{1} << 16;
+std::atomic<std::size_t> Limit{std::size_t{1} << 31};
 
 [[noreturn]] void RaiseCannotRead(const std::string& aFileName, int aError) {
   if (aError == ENOENT || aError == ENOTDIR) throw EFileNotFoundException("File not found: " + aFileName);
   RaiseErrno("Cannot read", aFileName, aError);
+}
+
+[[noreturn]] void RaiseTooLarge(const std::string& aFileName, std::size_t aMaxBytes) {
+  throw EStreamError("Cannot read " + aFileName + ": larger than " + std::to_string(aMaxBytes) + " bytes");
 }
 
 /// Reads to the end. `aSizeHint` is the size that the file has just now; a pipe has none.
@@ -38,12 +44,16 @@ std::string ReadAll(int aHandle, const std::string& aFileName, std::size_t aSize
     out.resize(old + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
     if (got < 0 && error == EINTR) continue;
     if (got < 0) RaiseCannotRead(aFileName, error);
-    if (out.size() > aMaxBytes) {
-      throw EStreamError("Cannot read " + aFileName + ": larger than " + std::to_string(aMaxBytes) +
-                         " bytes");
-    }
+    if (out.size() > aMaxBytes) RaiseTooLarge(aFileName, aMaxBytes);
     if (got == 0) return out;
   }
+}
+
+/// A character device that is no terminal gives bytes for ever, except for the empty one.
+bool IsEndless(int aHandle, const struct stat& aInfo) {
+  struct stat empty {};
+  if (!S_ISCHR(aInfo.st_mode) || ::isatty(aHandle) == 1) return false;
+  return ::stat("/dev/null", &empty) != 0 || aInfo.st_rdev != empty.st_rdev;
 }
 
 /// Where the extension begins; the size of the name without one.
@@ -58,15 +68,25 @@ std::size_t ExtensionStart(std::string_view aFileName) {
 
 }  // namespace
 
+std::size_t InputLimit() { return Limit; }
+void SetInputLimit(std::size_t aBytes) { Limit = aBytes; }
+
 std::string ReadFile(const std::string& aFileName, std::size_t aMaxBytes) {
   TDescriptor file(::open(aFileName.c_str(), O_RDONLY | O_CLOEXEC));
   if (file.Handle() < 0) RaiseCannotRead(aFileName, errno);
+  return ReadDescriptor(file.Handle(), aFileName, aMaxBytes);
+}
+
+std::string ReadDescriptor(int aHandle, const std::string& aName, std::size_t aMaxBytes) {
   struct stat info {};
-  if (::fstat(file.Handle(), &info) != 0) RaiseCannotRead(aFileName, errno);
-  if (S_ISDIR(info.st_mode)) RaiseCannotRead(aFileName, EISDIR);
-  // Only a hint: a file may grow, and some have no size. For one that is too large no memory is taken ahead.
+  if (::fstat(aHandle, &info) != 0) RaiseCannotRead(aName, errno);
+  if (S_ISDIR(info.st_mode)) RaiseCannotRead(aName, EISDIR);
+  if (IsEndless(aHandle, info))
+    throw EStreamError("Cannot read " + aName + ": this is a device, and no file");
+  // Only a hint: a file may grow, and some have no size.
   const auto size = static_cast<std::size_t>(std::max<off_t>(info.st_size, 0));
-  return ReadAll(file.Handle(), aFileName, size <= aMaxBytes ? size : 0, aMaxBytes);
+  if (size > aMaxBytes) RaiseTooLarge(aName, aMaxBytes);
+  return ReadAll(aHandle, aName, size, aMaxBytes);
 }
 
 void WriteFileAtomically(const std::string& aFileName, std::string_view aBytes) {

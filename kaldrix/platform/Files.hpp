@@ -2,15 +2,21 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace Zor {
 
+/// What the operations that read a whole file take at most: 2 GiB until SetInputLimit says otherwise. Holds
+/// for the process.
+std::size_t InputLimit();
+void SetInputLimit(std::size_t aBytes);
+
 /// The whole content of a file. EFileNotFoundException when there is none, EStreamError with name and reason
-/// when it is a folder, cannot be read or holds more than `aMaxBytes`.
-std::string ReadFile(const std::string& aFileName, std::size_t aMaxBytes = SIZE_MAX);
+/// when it is a folder or a device without an end, cannot be read or holds more than `aMaxBytes`.
+std::string ReadFile(const std::string& aFileName, std::size_t aMaxBytes = InputLimit());
+/// The same of what is open by a number; `aName` is for messages.
+std::string ReadDescriptor(int aHandle, const std::string& aName, std::size_t aMaxBytes = InputLimit());
 
 /// Puts `aBytes` in the place of the file's content, so that a crash leaves the old file or the new one; see
 /// TAtomicFile. On failure nothing is left behind and EStreamError names the file and the reason.

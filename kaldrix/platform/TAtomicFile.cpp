@@ -4,9 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
+#include <optional>
 
 #include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/StandardStreams.hpp"
 #include "kaldrix/platform/TDescriptor.hpp"
 #include "kaldrix/platform/TTemporaryFile.hpp"
 
@@ -14,21 +15,12 @@ namespace Zor {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr mode_t NewFileMode = 0666;  // the process's mask takes from it
+constexpr mode_t Permissions = 07777, PlainPermissions = 0777;
 constexpr int MaxNameAttempts = 100;  // names left over by killed processes of the same id
 using TBeside = std::unique_ptr<TTemporaryFile>;
 
-/// What a chain of symbolic links points at; the name itself when it is none or points nowhere.
-std::string ResolveLinks(const std::string& aFileName) {
-  std::error_code error;
-  if (!fs::is_symlink(fs::symlink_status(aFileName, error))) return aFileName;
-  const fs::path target = fs::weakly_canonical(aFileName, error);
-  return error ? aFileName : target.string();
-}
-
-/// Makes a file beside the target that nobody else uses.
+/// Makes a file beside the target that nobody else uses; -1 and errno when the folder takes none.
 int CreateBeside(const std::string& aTarget, TBeside& aBeside) {
   for (int attempt = 0; attempt < MaxNameAttempts; ++attempt) {
     aBeside = std::make_unique<TTemporaryFile>(aTarget);
@@ -36,32 +28,50 @@ int CreateBeside(const std::string& aTarget, TBeside& aBeside) {
     if (handle >= 0) return handle;
     const int error = errno;
     aBeside->Release();
-    if (error != EEXIST) RaiseErrno("Cannot write", aTarget, error);
+    errno = error;
+    if (error != EEXIST) return -1;
   }
-  RaiseErrno("Cannot write", aTarget, EEXIST);
+  return -1;
+}
+
+/// Gives the new file owner, group and permissions of the old one, as far as the process may. Rights that a
+/// file lends to whoever runs it go with another owner. 0, or the error.
+int TakeOver(int aHandle, const struct stat& aOld) {
+  const bool owned = ::fchown(aHandle, aOld.st_uid, aOld.st_gid) == 0;
+  const bool grouped = owned || ::fchown(aHandle, static_cast<uid_t>(-1), aOld.st_gid) == 0;
+  // Without the old group, its members' rights would be another group's.
+  const mode_t kept = owned ? Permissions : grouped ? PlainPermissions : PlainPermissions & ~mode_t{070};
+  return ::fchmod(aHandle, aOld.st_mode & kept) == 0 ? 0 : errno;
 }
 
 }  // namespace
 
 struct TAtomicFile::TImpl {
-  explicit TImpl(const std::string& aFileName) : target(aFileName), file(Open()) {}
+  explicit TImpl(const std::string& aFileName) : name(aFileName), file(Open()) {}
+
+  /// The target's facts; none when there is none yet.
+  std::optional<struct stat> Facts() const {
+    struct stat facts {};
+    if (::stat(target.c_str(), &facts) == 0) return facts;
+    if (errno != ENOENT) Raise(errno);
+    return std::nullopt;
+  }
 
   int Open() {
-    struct stat info {};
-    const bool exists = ::stat(target.c_str(), &info) == 0;
-    if (exists && !S_ISREG(info.st_mode)) {
-      const int device = ::open(target.c_str(), O_WRONLY | O_CLOEXEC);
-      if (device < 0) Raise(errno);
-      return device;
-    }
-    target = ResolveLinks(target);
-    const int handle = CreateBeside(target, beside);
-    if (exists && ::fchmod(handle, info.st_mode & 07777) != 0) {
-      const int error = errno;
-      ::close(handle);
-      Raise(error);
-    }
-    return handle;
+    if (const auto descriptor = DescriptorOfName(name)) return OpenInPlace(::dup(*descriptor));
+    target = FollowLinks(name);
+    const std::optional<struct stat> old = Facts();
+    if (old && !S_ISREG(old->st_mode)) return OpenInPlace(::open(name.c_str(), O_WRONLY | O_CLOEXEC));
+    if (old && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+      throw EStreamError("Cannot write " + name + ": the file is read-only");
+    TDescriptor made(CreateBeside(target, beside));
+    if (made.Handle() < 0) RaiseNoRoom(errno, old.has_value());
+    if (const int error = old ? TakeOver(made.Handle(), *old) : 0; error != 0) Raise(error);
+    return made.Take();
+  }
+  int OpenInPlace(int aHandle) const {
+    if (aHandle < 0) Raise(errno);
+    return aHandle;
   }
 
   void Commit() {
@@ -74,10 +84,16 @@ struct TAtomicFile::TImpl {
     FlushFolder(ExtractFileDir(target));
   }
 
-  [[noreturn]] void Raise(int aError) const { RaiseErrno("Cannot write", target, aError); }
+  [[noreturn]] void Raise(int aError) const { RaiseErrno("Cannot write", name, aError); }
+  [[noreturn]] void RaiseNoRoom(int aError, bool aExists) const {
+    const bool refused = aError == EACCES || aError == EPERM || aError == EROFS;
+    if (!aExists || !refused) Raise(aError);
+    RaiseErrno("Cannot write", name + ": its folder takes no new file", aError);
+  }
 
-  std::string target;
-  TBeside beside;  ///< none for a device, and once it has taken the target's place
+  std::string name;
+  std::string target;  ///< what the links of the name lead to
+  TBeside beside;      ///< none for a device, and once it has taken the target's place
   TDescriptor file;
 };
 
@@ -86,7 +102,7 @@ TAtomicFile::TAtomicFile(TAtomicFile&&) noexcept = default;
 TAtomicFile& TAtomicFile::operator=(TAtomicFile&&) noexcept = default;
 TAtomicFile::~TAtomicFile() = default;
 
-void TAtomicFile::Write(std::string_view aBytes) { WriteAll(fImpl->file.Handle(), aBytes, fImpl->target); }
+void TAtomicFile::Write(std::string_view aBytes) { WriteAll(fImpl->file.Handle(), aBytes, fImpl->name); }
 void TAtomicFile::Commit() { fImpl->Commit(); }
 
 }  // namespace Zor

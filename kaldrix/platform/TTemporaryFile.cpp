@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "kaldrix/platform/Files.hpp"
+
 namespace Zor {
 
 namespace {
@@ -89,11 +91,18 @@ std::string TargetOf(std::string_view aName) {
   return rest.ends_with('.') ? std::string(rest.substr(0, rest.size() - 1)) : std::string();
 }
 
+/// A name that leaves room for process, number and ending below the 255 bytes that file systems take.
+std::string Shortened(const std::string& aTarget) {
+  constexpr std::size_t most = 255 - 32;
+  const bool fits = ExtractFileName(aTarget).size() <= most;
+  return fits ? aTarget : CombinePath(ExtractFileDir(aTarget), "kaldrix");
+}
+
 }  // namespace
 
 TTemporaryFile::TTemporaryFile(const std::string& aTarget) {
   static std::atomic<unsigned> counter{0};
-  fName = aTarget + "." + std::to_string(::getpid()) + "-" + std::to_string(counter++);
+  fName = Shortened(aTarget) + "." + std::to_string(::getpid()) + "-" + std::to_string(counter++);
   fName += Ending;
   fPlace = List(fName);
 }

@@ -11,7 +11,8 @@ namespace Zor {
 /// object lives, for RemoveTemporaryFilesOnSignals; at its end the file is removed.
 class TTemporaryFile {
  public:
-  /// "TARGET.PROCESS-NUMBER.tmp", another number each time. Makes no file.
+  /// "TARGET.PROCESS-NUMBER.tmp", another number each time; of a target whose name leaves no room for the
+  /// ending, "kaldrix.PROCESS-NUMBER.tmp" in its folder. Makes no file.
   explicit TTemporaryFile(const std::string& aTarget);
   ~TTemporaryFile();
   TTemporaryFile(const TTemporaryFile&) = delete;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Zor {
+
+/// A text of which names of files may be a part, as one line that is safe to show: bytes that are no UTF-8
+/// stand as \xFF; what would end the line, steer a terminal or turn the direction of reading as \n, \x1B or
+/// \u202E. Everything else stays.
+std::string ShownName(std::string_view aText);
+
+/// The name as a text that any reader takes: itself when it is UTF-8, else as ShownName has it.
+std::string NameAsText(const std::string& aName);
+
+}  // namespace Zor
