@@ -37,9 +37,14 @@ TAlphaColor GetColor(TJsonObject& aJson, std::string_view aKey) {
   return byte("A") << 24 | red << 16 | green << 8 | blue;
 }
 
-int CheckedOrdinal(int aOrdinal, int aCount, std::string_view aKey) {
+Int64 GetWhole(const TJsonObject& aJson, std::string_view aKey) {
+  const Int64 value = aJson.GetLong(aKey);
+  return value < 0 && aJson.GetFloat(aKey) > 0 ? std::numeric_limits<Int64>::max() : value;
+}
+
+int CheckedOrdinal(Int64 aOrdinal, int aCount, std::string_view aKey) {
   if (aOrdinal < 0 || aOrdinal >= aCount) Refuse(aKey, std::to_string(aOrdinal) + " is not a known value");
-  return aOrdinal;
+  return static_cast<int>(aOrdinal);
 }
 
 Single GetSingle(const TJsonObject& aJson, std::string_view aKey) {
@@ -74,12 +79,12 @@ int GetLength(const TJsonObject& aJson, std::string_view aKey, TZORUnits aUnit) 
 }
 
 int GetIntIn(const TJsonObject& aJson, std::string_view aKey, int aLeast, int aMost) {
-  const int value = aJson.GetInt(aKey);
+  const Int64 value = GetWhole(aJson, aKey);
   if (value < aLeast || value > aMost) {
     Refuse(aKey, std::to_string(value) + " is not between " + std::to_string(aLeast) + " and " +
                      std::to_string(aMost));
   }
-  return value;
+  return static_cast<int>(value);
 }
 
 }  // namespace Zor::inline Base

@@ -33,12 +33,15 @@ inline void PutColor(TJsonObject& aJson, std::string_view aKey, TAlphaColor aCol
 /// A colour object; 0 where it is missing.
 TAlphaColor GetColor(TJsonObject& aJson, std::string_view aKey);
 
+/// A whole number of any width; one above 64 bits is the largest, so that nothing wraps before it is checked.
+Int64 GetWhole(const TJsonObject& aJson, std::string_view aKey);
+
 /// Refuses an ordinal that the enumeration does not have.
-int CheckedOrdinal(int aOrdinal, int aCount, std::string_view aKey);
+int CheckedOrdinal(Int64 aOrdinal, int aCount, std::string_view aKey);
 template <class TEnum>
 TEnum GetEnum(const TJsonObject& aJson, std::string_view aKey) {
   static_assert(EnumCount<TEnum> > 0);
-  return static_cast<TEnum>(CheckedOrdinal(aJson.GetInt(aKey), EnumCount<TEnum>, aKey));
+  return static_cast<TEnum>(CheckedOrdinal(GetWhole(aJson, aKey), EnumCount<TEnum>, aKey));
 }
 
 /// A number as Single; refuses one that is not finite in that width.

@@ -56,7 +56,7 @@ void TKDXBaseLabel::FreeAll(TOwnedList<TKDXBaseItem>& aList) {
   aList.Clear();
 }
 
-TKDXBaseItem& TKDXBaseLabel::MakeStoredItem(int aOrdinal) {
+TKDXBaseItem& TKDXBaseLabel::MakeStoredItem(Int64 aOrdinal) {
   if (aOrdinal < 0 || aOrdinal >= EnumCount<TZORItemType>) {
     throw Exception("unknown item type " + std::to_string(aOrdinal));
   }

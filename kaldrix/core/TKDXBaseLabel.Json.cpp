@@ -125,7 +125,7 @@ void TKDXBaseLabel::ReadJson(TJsonObject& aJson) {
 }
 
 TKDXBaseItem& TKDXBaseLabel::ReadJsonItem(int aVersion, TJsonObject& aJson) {
-  TKDXBaseItem& item = MakeStoredItem(aJson.GetInt("Type"));
+  TKDXBaseItem& item = MakeStoredItem(GetWhole(aJson, "Type"));
   try {
     item.ReadJson(aVersion, aJson);
   } catch (...) {

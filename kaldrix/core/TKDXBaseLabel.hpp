@@ -521,7 +521,7 @@ class TKDXBaseLabel : public TComponent {
   void Free(TKDXBaseItem& aItem);
   void MakeSatellites();
   /// An item of a kind that a file names by its ordinal.
-  TKDXBaseItem& MakeStoredItem(int aOrdinal);
+  TKDXBaseItem& MakeStoredItem(Int64 aOrdinal);
   void ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID);
   void FreeAll(TOwnedList<TKDXBaseItem>& aList);
   /// Calls `aBefore` with each item and frees it, last to first; those that are told twice once. Linear.

@@ -393,9 +393,22 @@ void TKDXMeasure::ReadJsonSizes(const TJsonObject& aJson) {
   TakeHeld(fMarTop, JsonBase(aJson, "MarginTop"), LeastMargin);
 }
 
+/// Sizes are written in thousandths of the unit, and so a paper that just holds the largest scale may have
+/// come back a little longer. The longest size that holds the scale is nearer to what it was, if it is
+/// written alike.
+void TKDXMeasure::FitPaperToScale() {
+  if (fDrawScale < 1) return;
+  const Int64 longest = std::numeric_limits<Int64>::max() / fDrawScale;
+  const auto written = [this](Int64 base) { return RoundTo3(UnitProperty(static_cast<int>(base))); };
+  for (int* size : {&fPaperWidth, &fPaperHeight, &fWidth, &fHeight}) {
+    if (*size > longest && written(longest) == written(*size)) *size = static_cast<int>(longest);
+  }
+}
+
 void TKDXMeasure::ReadJsonScale(const TJsonObject& aJson) {
   const bool told = fOwner->IsDrawingMode() && aJson.Contains("DrawScale");
-  fDrawScale = told ? aJson.GetLong("DrawScale") : 1;
+  fDrawScale = told ? GetWhole(aJson, "DrawScale") : 1;
+  if (told) FitPaperToScale();
   if (const std::string fault = ScaleFault(); !fault.empty()) throw EJsonException("\"DrawScale\": " + fault);
 }
 

@@ -164,6 +164,7 @@ class TKDXMeasure final : public TPersistent {
   void ReadJsonTitles(const TJsonObject& aJson);
   void ReadJsonSizes(const TJsonObject& aJson);
   void ReadJsonScale(const TJsonObject& aJson);
+  void FitPaperToScale();
 };
 
 }  // namespace Zor::inline Base

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <random>
@@ -259,6 +260,33 @@ TEST(Measure, TheScaleOfAFileIsChecked) {
     EXPECT_NE(MessageOf<EJsonException>([&] { read("\"DrawScale\":" + scale); }).find("\"DrawScale\""),
               std::string::npos)
         << scale;
+  }
+}
+
+/// A paper that just holds the scale is written in thousandths of its unit, and may come back longer.
+TEST(Measure, EveryScaleThatTheSettersTakeComesBack) {
+  std::mt19937 random(811);
+  std::uniform_real_distribution<double> digits(0, 1);
+  for (const TZOREditorMode mode : {emDrawing, emInteractive}) {
+    for (int unit = unMM; unit <= unYd; ++unit) {
+      for (int run = 0; run < 200; ++run) {
+        TBareLabel doc, other;
+        doc.SetEditorMode(mode);
+        doc.SetUnits(static_cast<TZORUnits>(unit));
+        TKDXMeasure& measure = *doc.fMeasure;
+        // Sides from 5 mm to the two kilometres that 32 bits hold.
+        measure.SetPaperWidth(static_cast<Single>(5 * std::pow(4e5, digits(random))));
+        measure.SetPaperHeight(static_cast<Single>(5 * std::pow(4e5, digits(random))));
+        const double part = run % 2 == 0 ? 1 : std::pow(digits(random), 8);
+        const auto most = static_cast<double>(measure.MaxDrawScale());
+        measure.SetDrawScale(part == 1 ? measure.MaxDrawScale() : std::max<Int64>(1, Int64(most * part)));
+        const std::string text = JsonOf(doc);
+        ASSERT_NO_THROW(ReadInto(other, text)) << text;
+        ASSERT_EQ(other.fMeasure->fDrawScale, measure.fDrawScale) << text;
+        ASSERT_EQ(JsonOf(other), text);
+        ASSERT_LE(other.fMeasure->fDrawScale, other.fMeasure->MaxDrawScale()) << text;
+      }
+    }
   }
 }
 
