@@ -13,6 +13,7 @@
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Format.hpp"
 #include "kaldrix/platform/NameHints.hpp"
+#include "kaldrix/platform/TextFile.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 #include "kaldrix/utils/BarcodeReading.hpp"
 #include "kaldrix/utils/ShownCode.hpp"
@@ -204,7 +205,7 @@ TKDXBaseItem& BarcodeCommand::MakeHeldSymbol(TKDXLabel& aDocument, const std::st
 
 int BarcodeCommand::Run() const {
   TKDXLabel document;
-  std::string text = fText == "-" ? ReadInput("-") : fText;
+  std::string text = fText == "-" ? WithoutMark(ReadInput("-")) : fText;
   if (fText == "-" && text.ends_with('\n')) text.pop_back();
   if (text.empty() || !Utf8::IsValid(text)) {
     throw Exception(std::string(Kind().word) + ": there is no text" + (text.empty() ? "" : " in UTF-8"));

@@ -8,9 +8,6 @@
 #include "host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/diagrams/DiagramToJson.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
-#include "kaldrix/platform/Ansi.hpp"
-#include "kaldrix/platform/Exceptions.hpp"
-#include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::Program {
 
@@ -26,9 +23,7 @@ constexpr std::array<TWord<TZOREditorMode>, 4> Modes{{{"labelling", emLabelling}
 /// A file's text in UTF-8, its lines ended by a line feed, so that they are counted as editors do. Raises an
 /// Exception for a file that is no text.
 std::string ReadText(const std::string& aInput) {
-  std::string bytes = ReadInput(aInput);
-  if (bytes.find('\0') != std::string::npos) throw Exception(ToldName(aInput) + ": the file is no text");
-  if (!Utf8::IsValid(bytes)) bytes = AnsiToUtf8(bytes);
+  const std::string bytes = ReadTextInput(aInput);
   std::string text;
   text.reserve(bytes.size());
   for (std::size_t i = 0; i < bytes.size(); ++i) {
@@ -84,10 +79,10 @@ void DiagramCommand::TellAll(const TKDXDiagramModel& aModel) const {
 
 int DiagramCommand::Model() const {
   const auto model = ZORParseDiagram(ReadText(fInput), Language());
-  fOutput.WriteBytes(DiagramToJson(*model)->ToJSON(false) + '\n');
-  if (IsGood(*model)) return 0;
-  TellAll(*model);
-  return 1;
+  const bool good = IsGood(*model);
+  if (!good) TellAll(*model);
+  if (good || !fStrict) fOutput.WriteBytes(DiagramToJson(*model)->ToJSON(false) + '\n');
+  return good ? 0 : 1;
 }
 
 int DiagramCommand::Draw() const {

@@ -168,7 +168,7 @@ int PrintCommand::Run() const {
   TKDXLabel document;
   const std::uint32_t bytes = LoadDocument(document, fInput);
   fSource.Attach(document, fInput);
-  const std::string answers = fAnswers.empty() ? "{}" : ReadInput(fAnswers);
+  const std::string answers = fAnswers.empty() ? "{}" : ReadTextInput(fAnswers);
   TLabelRun run = Named(fInput, [&] { return TLabelRun(document); });
   CheckHeader(document);
   document.fPrintInfo->fPadCodes = fPad;

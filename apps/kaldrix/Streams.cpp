@@ -7,6 +7,7 @@
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/ShownName.hpp"
 #include "kaldrix/platform/TDescriptor.hpp"
+#include "kaldrix/platform/TextFile.hpp"
 
 namespace Zor::Program {
 
@@ -14,6 +15,8 @@ std::string ReadInput(const std::string& aName) {
   if (aName != "-") return ReadFile(aName);
   return ReadDescriptor(STDIN_FILENO, ToldName(aName));
 }
+
+std::string ReadTextInput(const std::string& aName) { return TextOfFile(ReadInput(aName), ToldName(aName)); }
 
 std::string ToldName(const std::string& aName) { return aName == "-" ? "standard input" : aName; }
 

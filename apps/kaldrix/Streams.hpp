@@ -9,6 +9,9 @@ namespace Zor::Program {
 /// The bytes of a file, or of standard input for "-".
 std::string ReadInput(const std::string& aName);
 
+/// The text of such a file, see TextOfFile.
+std::string ReadTextInput(const std::string& aName);
+
 /// What messages call a file: "standard input" for "-".
 std::string ToldName(const std::string& aName);
 

@@ -3,9 +3,8 @@
 #include <atomic>
 
 #include "kaldrix/core/DiagramLoader.hpp"
-#include "kaldrix/platform/Ansi.hpp"
 #include "kaldrix/platform/Files.hpp"
-#include "kaldrix/platform/Utf8.hpp"
+#include "kaldrix/platform/TextFile.hpp"
 #include "kaldrix/utils/DiagramFormat.hpp"
 
 namespace Zor::inline Base {
@@ -25,8 +24,7 @@ bool TKDXBaseLabel::LoadFromDiagramText(const std::string& aText, TZORDiagramFor
 
 bool TKDXBaseLabel::LoadFromDiagram(const std::string& aFilename, TZORDiagramFormat aFormat) {
   if (!FileExists(aFilename)) return false;
-  std::string text = ReadFile(aFilename);
-  if (!Utf8::IsValid(text)) text = AnsiToUtf8(text);
+  const std::string text = TextOfFile(ReadFile(aFilename), aFilename);
   return LoadFromDiagramText(text, aFormat == dgAuto ? ZORDiagramFormatFromExt(aFilename) : aFormat);
 }
 

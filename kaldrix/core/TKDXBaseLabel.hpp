@@ -352,8 +352,7 @@ class TKDXBaseLabel : public TComponent {
   /// Draws the diagram of a Mermaid or PlantUML text with the registered loader; false without one, and when
   /// it found nothing to draw. See ZORSetDiagramLoader.
   bool LoadFromDiagramText(const std::string& aText, TZORDiagramFormat aFormat);
-  /// The same for a file in UTF-8 or, where it is not that, in Windows-1252. dgAuto looks at the extension
-  /// first. False for a missing file.
+  /// The same for a text file, see TextOfFile. dgAuto looks at the extension first. False for a missing file.
   bool LoadFromDiagram(const std::string& aFilename, TZORDiagramFormat aFormat);
 
   // JSON --------------------------------------------------

@@ -1,7 +1,9 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "kaldrix/platform/Exceptions.hpp"
@@ -82,6 +84,110 @@ TEST_F(FilesTest, KeepsPermissionsAndLinks) {
   EXPECT_EQ(info.st_mode & 0777U, 0640U);
 }
 
+TEST_F(FilesTest, WhatALinkPointsAtIsMade) {
+  fs::create_directory(In("folder"));
+  fs::create_symlink("folder/second", In("first"));
+  fs::create_symlink("target", In("folder/second"));
+  WriteFileAtomically(In("first"), "1");
+  EXPECT_TRUE(fs::is_symlink(In("first")) && fs::is_symlink(In("folder/second")));
+  EXPECT_EQ(ReadFile(In("folder/target")), "1");
+  fs::create_symlink("ring", In("ring"));
+  EXPECT_EQ(MessageOf([&] { WriteFileAtomically(In("ring"), "x"); }),
+            "Cannot write " + In("ring") + ": Too many levels of symbolic links");
+}
+
+TEST_F(FilesTest, OfSeveralNamesOnlyTheWrittenOneChanges) {
+  WriteFileAtomically(In("one"), "old");
+  fs::create_hard_link(In("one"), In("two"));
+  WriteFileAtomically(In("one"), "new");
+  EXPECT_EQ(ReadFile(In("one")) + ReadFile(In("two")), "newold");
+}
+
+/// Someone without rights of their own, as far as the test may become one; the superuser may do all.
+class TNobody {
+ public:
+  TNobody() : fIsNobody(::geteuid() != 0 || (::setegid(Id) == 0 && ::seteuid(Id) == 0)) {}
+  ~TNobody() {
+    if (::getuid() == 0 && (::seteuid(0) != 0 || ::setegid(0) != 0)) std::abort();
+  }
+  bool fIsNobody;
+
+ private:
+  static constexpr unsigned Id = 65534;
+};
+
+TEST_F(FilesTest, WhatMayNotBeWrittenIsRefused) {
+  ::chmod(fFolder.c_str(), 0777);
+  fs::create_directory(In("closed"));
+  for (const char* name : {"mine", "closed/file"}) WriteFileAtomically(In(name), "old");
+  ::chmod(In("mine").c_str(), 0444);
+  ::chmod(In("closed/file").c_str(), 0666);
+  ::chmod(In("closed").c_str(), 0555);
+  {
+    const TNobody nobody;
+    ASSERT_TRUE(nobody.fIsNobody);
+    EXPECT_EQ(MessageOf([&] { WriteFileAtomically(In("mine"), "x"); }),
+              "Cannot write " + In("mine") + ": the file is read-only");
+    EXPECT_EQ(MessageOf([&] { WriteFileAtomically(In("closed/file"), "x"); }),
+              "Cannot write " + In("closed/file") + ": its folder takes no new file: Permission denied");
+  }
+  ::chmod(In("closed").c_str(), 0755);
+  EXPECT_EQ(ReadFile(In("mine")) + ReadFile(In("closed/file")), "oldold");
+}
+
+TEST_F(FilesTest, OwnerAndGroupAreKeptWhereTheyMayBeGiven) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only the superuser gives files away";
+  WriteFileAtomically(In("theirs"), "old");
+  ASSERT_EQ(::chown(In("theirs").c_str(), 1234, 4321), 0);
+  ::chmod(In("theirs").c_str(), 04750);
+  WriteFileAtomically(In("theirs"), "new");
+  struct stat info {};
+  ::stat(In("theirs").c_str(), &info);
+  EXPECT_EQ(info.st_uid, 1234U);
+  EXPECT_EQ(info.st_gid, 4321U);
+  EXPECT_EQ(info.st_mode & 07777U, 04750U);
+}
+
+TEST_F(FilesTest, TheLongestNamesAreWritten) {
+  for (const std::size_t size : {222U, 223U, 224U, 250U, 255U}) {
+    WriteFileAtomically(In(std::string(size, 'n')), "x");
+    EXPECT_EQ(ReadFile(In(std::string(size, 'n'))), "x");
+  }
+  EXPECT_EQ(EntryCount(), 5);
+  EXPECT_NE(MessageOf([&] { WriteFileAtomically(In(std::string(256, 'n')), "x"); }).find("too long"),
+            std::string::npos);
+}
+
+TEST_F(FilesTest, WhatTheCallerOpenedIsWrittenWhereItStands) {
+  WriteFileAtomically(In("log"), "");
+  const int handle = ::open(In("log").c_str(), O_WRONLY | O_APPEND);
+  ASSERT_EQ(::write(handle, "one\n", 4), 4);
+  const std::string number = std::to_string(handle);
+  fs::create_symlink("/proc/self/fd/" + number, In("link"));
+  for (const std::string& name : {"/dev/fd/" + number, In("link")}) WriteFileAtomically(name, "two\n");
+  ASSERT_EQ(::write(handle, "three\n", 6), 6);
+  ::close(handle);
+  EXPECT_EQ(ReadFile(In("log")), "one\ntwo\ntwo\nthree\n");
+  EXPECT_NE(MessageOf([&] { WriteFileAtomically("/dev/fd/" + number, "x"); }).find("Bad file descriptor"),
+            std::string::npos);
+}
+
+TEST_F(FilesTest, TheInputLimitHoldsForFilesAndPipes) {
+  WriteFileAtomically(In("a"), std::string(1000, 'a'));
+  const std::size_t former = InputLimit();
+  SetInputLimit(999);
+  EXPECT_EQ(MessageOf([&] { ReadFile(In("a")); }), "Cannot read " + In("a") + ": larger than 999 bytes");
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  ASSERT_EQ(::write(ends[1], std::string(1000, 'a').data(), 1000), 1000);
+  ::close(ends[1]);
+  EXPECT_EQ(MessageOf([&] { ReadDescriptor(ends[0], "pipe"); }), "Cannot read pipe: larger than 999 bytes");
+  ::close(ends[0]);
+  SetInputLimit(1000);
+  EXPECT_EQ(ReadFile(In("a")).size(), 1000U);
+  SetInputLimit(former);
+}
+
 TEST_F(FilesTest, DevicesAreWrittenToAndNotReplaced) {
   WriteFileAtomically("/dev/null", "x");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
@@ -95,7 +201,9 @@ TEST_F(FilesTest, FailuresNameFileAndReason) {
             "Cannot write " + fFolder + ": Is a directory");
   EXPECT_EQ(MessageOf([&] { WriteFileAtomically(In("no/file"), "x"); }),
             "Cannot write " + In("no/file") + ": No such file or directory");
-  EXPECT_EQ(MessageOf([&] { ReadFile("/dev/zero", 1000); }), "Cannot read /dev/zero: larger than 1000 bytes");
+  EXPECT_EQ(MessageOf([&] { ReadFile("/dev/zero"); }),
+            "Cannot read /dev/zero: this is a device, and no file");
+  EXPECT_EQ(ReadFile("/dev/null"), "");
   EXPECT_EQ(EntryCount(), 0);
 }
 
