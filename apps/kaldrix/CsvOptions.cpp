@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "apps/kaldrix/SourceFile.hpp"
 #include "apps/kaldrix/Streams.hpp"
@@ -82,11 +83,13 @@ TZORCsvSep GuessSeparator(const TCsvFile& aFile) {
 }
 
 /// Makes an open file the source of the document.
-void Take(TKDXData& aData, std::shared_ptr<TCsvFile> aFile) {
+void Take(TKDXData& aData, std::shared_ptr<TCsvFile> aFile, bool aHeader) {
   aFile->SetForm(aData.CsvForm());
   aData.fCsvFileName = aFile->Name();
   aData.fCsvOpen = std::move(aFile);
-  aData.RefreshCsvFields();
+  const bool named = std::exchange(aData.fCsvHeader, aHeader);
+  // Columns that a document knows by names are not those of the same places in a file without names.
+  named && !aHeader ? static_cast<void>(aData.CheckCsvFields()) : aData.RefreshCsvFields();
   if (!aData.Select(dtyCsv)) throw Exception(aData.fCsvFileName + ": there are no records in it");
 }
 
@@ -120,17 +123,16 @@ std::shared_ptr<TCsvFile> CsvOptions::Open(TKDXData& aData, const std::string& a
 
 void CsvOptions::Attach(TKDXData& aData) const {
   std::shared_ptr<TCsvFile> file = Open(aData, fFile);
-  aData.fCsvHeader = !fNoHeader;
   aData.fCsvSep = fSep.empty() ? GuessSeparator(*file) : SeparatorOf(fSep);
   aData.fCsvQuote = RowOf(Quotes, fQuote).quote;
-  Take(aData, std::move(file));
+  Take(aData, std::move(file), !fNoHeader);
 }
 
 void CsvOptions::AttachOwn(TKDXData& aData, const std::string& aFile) const {
   std::shared_ptr<TCsvFile> file = Open(aData, aFile);
   const TZORCsvSep told = ToldSeparator(*file);
   if (told != scvNone) aData.fCsvSep = told;
-  Take(aData, std::move(file));
+  Take(aData, std::move(file), aData.fCsvHeader);
 }
 
 }  // namespace Zor::Program

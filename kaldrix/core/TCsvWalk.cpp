@@ -33,8 +33,8 @@ bool TCsvWalk::TakeRepeat(const std::string& aField) {
 Int64 TCsvWalk::Repeat() const { return TextToWhole(fFile->RawColumn(Line(), fRepeat)).value_or(1); }
 
 std::string TCsvWalk::RepeatProblem() const {
-  const std::string fault = RepeatFault(fData.fFieldRepeat, std::string(fFile->RawColumn(Line(), fRepeat)));
-  return fault.empty() ? fault : Told({{Position(), 0, fault}}).front();
+  if (TextToWhole(fFile->RawColumn(Line(), fRepeat))) return {};
+  return Told({{Position(), 0, RepeatFault(fData.fFieldRepeat, fFile->Column(fRepeat))}}).front();
 }
 
 bool TCsvWalk::Offers(const std::string& aField) { return fData.GetCsvPos(aField) >= 0; }

@@ -8,8 +8,9 @@ Int64 TSourceWalk::SumLabels() {
   Int64 sum = 0;
   fFirstFault = 0;
   for (bool more = GoTo(1); more; more = Next()) {
-    sum = AddHeld(sum, std::max<Int64>(Labels(), 0));
-    if (fStrict && fFirstFault == 0 && !RepeatProblem().empty()) fFirstFault = Record();
+    const bool fault = fStrict && !RepeatProblem().empty();
+    if (fault && fFirstFault == 0) fFirstFault = Record();
+    sum = AddHeld(sum, fault ? 1 : std::max<Int64>(Repeat(), 0));
   }
   GoTo(1);
   return sum;

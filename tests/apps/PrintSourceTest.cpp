@@ -55,6 +55,8 @@ TEST_F(PrintSourceTest, ColumnsAreFoundByTheirNames) {
   OwnDocument("Number;Name;City");
   Write("list.csv", "City;Number;Extra;Name\nOslo;1;x;Ann\nRome;2;y;Bob\n");
   ExpectTexts(Print(""), "Ann|Oslo|Bob|Rome", "another order");
+  ExpectFailure(Print("--no-header --csv " + File("list.csv")),
+                "there is no field 'Name'; there are 'Field1', 'Field2', 'Field3', 'Field4'");
   Write("list.csv", "Town;Number;Name\nOslo;1;Ann\n");
   ExpectFailure(Print(""), "there is no field 'City'; there are 'Town', 'Name', 'Number'");
   DeleteFile(File("list.csv"));
