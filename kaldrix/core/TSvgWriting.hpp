@@ -9,8 +9,8 @@ namespace Zor::inline Base {
 
 /// How the y of a text is told in SVG.
 enum TSvgTextForm : std::uint8_t {
-  /// As the edge or middle that the text hangs by, named in `alignment-baseline`: the elements of the items to
-  /// the letter. Browsers heed the attribute on a `text`; most other readers do not, and draw it too high.
+  /// As the edge or middle that the text hangs by, named in `alignment-baseline`: the elements of the items
+  /// to the letter. Browsers heed the attribute on a `text`; most other readers do not, and draw it too high.
   stExact,
   /// As its baseline, from what the host measured: every reader shows the text in its place.
   stPortable
