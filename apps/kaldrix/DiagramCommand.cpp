@@ -2,12 +2,14 @@
 
 #include <CLI/CLI.hpp>
 #include <array>
+#include <iostream>
 
 #include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/diagrams/DiagramToJson.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
+#include "kaldrix/platform/ShownName.hpp"
 
 namespace Zor::Program {
 
@@ -33,9 +35,11 @@ std::string ReadText(const std::string& aInput) {
   return text;
 }
 
+/// A line "FILE:LINE: CODE: message", as editors take up.
 void TellOf(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) {
   const std::string line = aDiagnostic.Line > 0 ? std::to_string(aDiagnostic.Line) + ":" : "";
-  Tell(aFile + ":" + line + " " + aDiagnostic.Code + ": " + aDiagnostic.MessageText);
+  std::cerr << ShownName(aFile + ":" + line + " " + aDiagnostic.Code + ": " + aDiagnostic.MessageText)
+            << '\n';
 }
 
 }  // namespace
