@@ -2,14 +2,12 @@
 
 #include <CLI/CLI.hpp>
 #include <array>
-#include <iostream>
 
 #include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/diagrams/DiagramToJson.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
-#include "kaldrix/platform/ShownName.hpp"
 
 namespace Zor::Program {
 
@@ -38,8 +36,7 @@ std::string ReadText(const std::string& aInput) {
 /// A line "FILE:LINE: CODE: message", as editors take up.
 void TellOf(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) {
   const std::string line = aDiagnostic.Line > 0 ? std::to_string(aDiagnostic.Line) + ":" : "";
-  std::cerr << ShownName(aFile + ":" + line + " " + aDiagnostic.Code + ": " + aDiagnostic.MessageText)
-            << '\n';
+  TellLine(aFile + ":" + line + " " + aDiagnostic.Code + ": " + aDiagnostic.MessageText);
 }
 
 }  // namespace

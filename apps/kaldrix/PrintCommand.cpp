@@ -19,6 +19,7 @@
 #include "kaldrix/platform/CheckSum.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/ShownName.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::Program {
@@ -242,9 +243,10 @@ void PrintCommand::Narrow(TLabelRun& aRun, const TRunJob& aJob, TFileSet& aTaken
     Tell(ToldName(fInput) + ": the run ends with label " + std::to_string(aRun.Labels()));
   if (fReprint.empty()) return aRun.Select(labels);
   const TRunState state = CheckReprint(aJob, fManifest, aRun, labels);
+  const std::string output = NameOfText(state.head.output);
   for (const std::string& folder : {ExtractFileDir(fManifest), ExtractFileDir(fOutput)}) {
     for (int number = 1; number <= state.Pages(); ++number) {
-      const std::string part = CombinePath(folder, TRunWriter::NumberedName(state.head.output, number));
+      const std::string part = CombinePath(folder, TRunWriter::NumberedName(output, number));
       if (FileExists(part)) aTaken.Add(part, "a part of the run");
     }
   }

@@ -20,7 +20,8 @@ std::string ReadTextInput(const std::string& aName) { return TextOfFile(ReadInpu
 
 std::string ToldName(const std::string& aName) { return aName == "-" ? "standard input" : aName; }
 
-void Tell(const std::string& aText) { std::cerr << "kaldrix: " + ShownName(aText) + '\n'; }
+void TellLine(const std::string& aText) { std::cerr << ShownName(aText) + '\n'; }
+void Tell(const std::string& aText) { TellLine("kaldrix: " + aText); }
 
 void WriteOutput(const std::string& aName, std::string_view aBytes) {
   if (aName != "-") return WriteFileAtomically(aName, aBytes);

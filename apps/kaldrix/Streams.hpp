@@ -15,8 +15,9 @@ std::string ReadTextInput(const std::string& aName);
 /// What messages call a file: "standard input" for "-".
 std::string ToldName(const std::string& aName);
 
-/// Writes a line "kaldrix: TEXT" to standard error. Names in the text cannot end the line or steer a
-/// terminal.
+/// Writes a line to standard error. Names in the text cannot end the line or steer a terminal.
+void TellLine(const std::string& aText);
+/// The same for "kaldrix: TEXT".
 void Tell(const std::string& aText);
 
 /// Writes a file beside its target and renames it; "-" is standard output.

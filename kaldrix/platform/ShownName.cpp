@@ -1,7 +1,9 @@
 #include "kaldrix/platform/ShownName.hpp"
 
 #include <array>
+#include <charconv>
 #include <cstdio>
+#include <optional>
 
 #include "kaldrix/platform/Utf8.hpp"
 
@@ -23,6 +25,8 @@ bool IsUnsafe(char32_t aChar) {
   return false;
 }
 
+constexpr std::size_t EscapeSize = 4;  // of "\\xFF"
+
 std::string Numbered(const char* aPicture, unsigned aNumber) {
   std::array<char, 16> text{};
   std::snprintf(text.data(), text.size(), aPicture, aNumber);
@@ -36,26 +40,59 @@ std::string Escaped(char32_t aChar) {
   return Numbered(aChar < 0x80 ? "\\x%02X" : "\\u%04X", static_cast<unsigned>(aChar));
 }
 
-}  // namespace
-
-std::string ShownName(std::string_view aText) {
+/// The text with its ill-formed bytes as \xFF, and its characters as `aPut` puts them.
+template <class TPut>
+std::string Escaping(std::string_view aText, TPut aPut) {
   std::string shown;
   shown.reserve(aText.size());
   for (std::size_t at = 0; at < aText.size();) {
     const std::size_t start = at;
     const char32_t c = Utf8::Next(aText, at);
     const std::string_view bytes = aText.substr(start, at - start);
-    if (!Utf8::IsValid(bytes)) {
-      for (const char byte : bytes) shown += Numbered("\\x%02X", static_cast<unsigned char>(byte));
-    } else if (IsUnsafe(c)) {
-      shown += Escaped(c);
+    if (Utf8::IsValid(bytes)) {
+      aPut(shown, c, bytes);
     } else {
-      shown += bytes;
+      for (const char byte : bytes) shown += Numbered("\\x%02X", static_cast<unsigned char>(byte));
     }
   }
   return shown;
 }
 
-std::string NameAsText(const std::string& aName) { return Utf8::IsValid(aName) ? aName : ShownName(aName); }
+/// The byte that "\xFF" stands for; nothing for other texts.
+std::optional<char> EscapedByte(std::string_view aText) {
+  if (!aText.starts_with("\\x") || aText.size() != EscapeSize) return std::nullopt;
+  unsigned byte = 0;
+  const char* end = aText.data() + aText.size();
+  const auto [last, error] = std::from_chars(aText.data() + 2, end, byte, 16);
+  return error == std::errc{} && last == end ? std::optional(static_cast<char>(byte)) : std::nullopt;
+}
+
+}  // namespace
+
+std::string ShownName(std::string_view aText) {
+  return Escaping(aText, [](std::string& shown, char32_t c, std::string_view bytes) {
+    if (IsUnsafe(c)) {
+      shown += Escaped(c);
+    } else {
+      shown += bytes;
+    }
+  });
+}
+
+std::string NameAsText(std::string_view aName) {
+  return Escaping(aName, [](std::string& text, char32_t, std::string_view bytes) { text += bytes; });
+}
+
+std::string NameOfText(std::string_view aText) {
+  std::string name;
+  for (std::size_t at = 0; at < aText.size();) {
+    const auto byte = EscapedByte(aText.substr(at, EscapeSize));
+    // Only bytes above ASCII are escaped.
+    const bool escape = byte && static_cast<unsigned char>(*byte) >= 0x80;
+    name += escape ? *byte : aText[at];
+    at += escape ? EscapeSize : 1;
+  }
+  return NameAsText(name) == aText ? name : std::string(aText);
+}
 
 }  // namespace Zor

@@ -10,7 +10,10 @@ namespace Zor {
 /// \u202E. Everything else stays.
 std::string ShownName(std::string_view aText);
 
-/// The name as a text that any reader takes: itself when it is UTF-8, else as ShownName has it.
-std::string NameAsText(const std::string& aName);
+/// The name as a text that any reader takes: its bytes that are no UTF-8 stand as \xFF.
+std::string NameAsText(std::string_view aName);
+/// The name that NameAsText made this text of. A text that stands for itself, too, is taken for that of a
+/// name that is no UTF-8.
+std::string NameOfText(std::string_view aText);
 
 }  // namespace Zor

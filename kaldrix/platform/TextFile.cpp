@@ -14,14 +14,12 @@ std::string WithoutMark(std::string aBytes) {
 }
 
 std::string TextOfFile(std::string aBytes, const std::string& aName) {
-  const TFileWindow bytes(std::move(aBytes));
-  const TTextCode code = GuessTextCode(bytes);
-  const std::string_view all = bytes.View(0, bytes.Size());
-  std::string text = IsUtf16(code)      ? Utf16ToUtf8(all, code)
-                     : code == tcByMark ? AnsiToUtf8(all)
-                                        : WithoutMark(Utf8::Repaired(all));
-  if (text.find('\0') != std::string::npos) throw EStreamError(aName + ": the file is no text");
-  return text;
+  const bool hasZeros = aBytes.find('\0') != std::string::npos;
+  std::string text = WithoutMark(aBytes);
+  if (hasZeros && (text == aBytes || text.find('\0') != std::string::npos))
+    throw EStreamError(aName + ": the file is no text");
+  if (text != aBytes) return Utf8::Repaired(text);
+  return GuessTextCode(TFileWindow(std::move(aBytes))) == tcUtf8 ? Utf8::Repaired(text) : AnsiToUtf8(text);
 }
 
 }  // namespace Zor
