@@ -7,8 +7,8 @@
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
-#include "kaldrix/platform/ShownName.hpp"
 #include "kaldrix/platform/Format.hpp"
+#include "kaldrix/platform/ShownName.hpp"
 #include "kaldrix/platform/TTemporaryFile.hpp"
 
 namespace Zor::inline Host {
