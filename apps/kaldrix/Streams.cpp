@@ -20,7 +20,15 @@ std::string ReadTextInput(const std::string& aName) { return TextOfFile(ReadInpu
 
 std::string ToldName(const std::string& aName) { return aName == "-" ? "standard input" : aName; }
 
-void TellLine(const std::string& aText) { std::cerr << ShownName(aText) + '\n'; }
+void TellLine(const std::string& aText) {
+  // An indented line goes on with the message above it: names cannot forge a message of their own that way.
+  constexpr std::string_view next = "\n  ";
+  std::string shown;
+  std::size_t start = 0;
+  for (std::size_t end = 0; (end = aText.find(next, start)) != std::string::npos; start = end + next.size())
+    (shown += ShownName(aText.substr(start, end - start))) += next;
+  std::cerr << shown + ShownName(aText.substr(start)) + '\n';
+}
 void Tell(const std::string& aText) { TellLine("kaldrix: " + aText); }
 
 void WriteOutput(const std::string& aName, std::string_view aBytes) {
