@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "kaldrix/core/IZOItemObserver.hpp"
 #include "kaldrix/core/TComponent.hpp"
 #include "kaldrix/core/TSvgWriting.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
@@ -264,6 +265,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
 
  private:
   friend class TKDXBaseLabel;
+  friend class TNotices;
 
   /// The name of a new item: the kind, then its identity in at least three digits.
   static std::string StartName(TZORItemType aType, int aInID);
@@ -277,6 +279,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
 
   bool fListed : 1 = false;   ///< stands in a list of the document
   bool fPending : 1 = false;  ///< waits in fCalcs
+  TNotice fNotice = TNotice::None;
 };
 
 /// Cuts a move on one axis so that what reaches from `aLow` to `aHigh` stays between 0 and `aLimit`.

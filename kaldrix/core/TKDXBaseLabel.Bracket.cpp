@@ -1,10 +1,12 @@
 // Brackets, observers and notifications.
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
-#include <algorithm>
 #include <array>
+#include <exception>
 
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
+#include "kaldrix/platform/TAtExit.hpp"
 
 namespace Zor::inline Base {
 
@@ -67,13 +69,16 @@ void TKDXBaseLabel::BeginUpdate(bool aPaintOnEnd) {
 }
 
 void TKDXBaseLabel::EndUpdate() {
+  const TNoticeHold hold(*this);
   ++fUnReID;
   fIncUnReID = true;
+  const TAtExit close([this] {
+    fStates.Remove(lsUpdating);
+    CloseBracket();
+  });
   CalcPending();
   fUpdate = true;
   FillSelPoints();
-  fStates.Remove(lsUpdating);
-  CloseBracket();
 }
 
 void TKDXBaseLabel::CloseBracket() {
@@ -88,6 +93,7 @@ void TKDXBaseLabel::CloseBracket() {
 }
 
 void TKDXBaseLabel::EndUpdateSelection() {
+  const TNoticeHold hold(*this);
   fUpdate = true;
   fModified = false;
   FillSelPoints();
@@ -97,6 +103,7 @@ void TKDXBaseLabel::EndUpdateSelection() {
 }
 
 void TKDXBaseLabel::BeginRead(bool aPaste) {
+  const TNoticeHold hold(*this);
   if (!aPaste) {
     fMaxID = 1;
     Clear({cleAll}, true);
@@ -109,18 +116,21 @@ void TKDXBaseLabel::BeginRead(bool aPaste) {
 }
 
 void TKDXBaseLabel::EndRead(bool aUnits) {
+  const TNoticeHold hold(*this);
   fIncUnReID = true;
   if (!fStates.Has(lsPaste)) ++fMaxID;
   fStates = fStates - TKaldrixStateOptions{lsPaste, lsUpdating, lsReading};
+  const TAtExit close([this, aUnits] {
+    fModified = false;
+    if (fUndoOpt) fOptions.Add(loUndoRedo);
+    if (aUnits) ChangeValue(chUnits);
+    CloseBracket();
+  });
   for (TKDXBaseItem* item : fItems) item->ResolveReferences();
   CalcPending();
   SortItemsZLayer();
   CheckBackLayer();
   CheckIntersetions();
-  fModified = false;
-  if (fUndoOpt) fOptions.Add(loUndoRedo);
-  if (aUnits) ChangeValue(chUnits);
-  CloseBracket();
 }
 
 void TKDXBaseLabel::ChangeState(TKaldrixState aState, TKDXBaseItem* aItem) {
@@ -157,18 +167,29 @@ void TKDXBaseLabel::Defer(TKDXBaseItem& aItem) {
 }
 
 void TKDXBaseLabel::CalcPending() {
+  const TNoticeHold hold(*this);
   const std::vector<TKDXBaseItem*> pending = std::move(fCalcs);
   fCalcs.clear();
   for (TKDXBaseItem* item : pending) {
     if (item != nullptr) item->fPending = false;
   }
+  std::exception_ptr first;
   for (TKDXBaseItem* item : pending) {
-    if (item != nullptr) item->CalcValues(2);
+    if (item == nullptr) continue;
+    try {
+      item->CalcValues(2);
+      fNotices.Changed(*item);
+    } catch (...) {
+      // The others do not wait for ever because of one.
+      if (first == nullptr) first = std::current_exception();
+    }
   }
   RouteLinks();
+  if (first != nullptr) std::rethrow_exception(first);
 }
 
 void TKDXBaseLabel::Refresh() {
+  const TNoticeHold hold(*this);
   PaintEditor();
   fUpdate = false;
 }
@@ -186,18 +207,18 @@ void TKDXBaseLabel::UpdateEditing(bool aFill) {
 // Observers --------------------------------------------------
 
 void TKDXBaseLabel::Attach(IZOObserver* aObserver) {
-  if (aObserver == nullptr || std::find(fObservers.begin(), fObservers.end(), aObserver) != fObservers.end())
-    return;
-  fObservers.push_back(aObserver);
-  if (aObserver->Destination() != duEditor) return;
+  if (!fObservers.Attach(aObserver) || aObserver->Destination() != duEditor) return;
   fConEditors = true;
   aObserver->Update(chLabelDef, GetChangedValue(chLabelDef));
 }
 
 void TKDXBaseLabel::Detach(IZOObserver* aObserver) {
-  std::erase(fObservers, aObserver);
-  fConEditors = std::any_of(fObservers.begin(), fObservers.end(),
-                            [](IZOObserver* observer) { return observer->Destination() == duEditor; });
+  fObservers.Detach(aObserver);
+  LookForEditors();
+}
+
+void TKDXBaseLabel::LookForEditors() {
+  fConEditors = fObservers.Any([](IZOObserver& observer) { return observer.Destination() == duEditor; });
 }
 
 void TKDXBaseLabel::ChangeValue(TZOChange aChange) {
@@ -205,17 +226,15 @@ void TKDXBaseLabel::ChangeValue(TZOChange aChange) {
     fStates.Add(lsUpdateMeasure);
     return;
   }
-  if (!fObservers.empty()) Send(aChange, GetChangedValue(aChange));
+  if (!fObservers.IsEmpty()) Send(aChange, GetChangedValue(aChange));
 }
 
 void TKDXBaseLabel::Send(TZOChange aChange, const TZOChangeValue& aValue) {
   std::uint8_t audience = Audiences[aChange];
   if (aChange == chScrollSelect && fEditorMode == emInteractive) audience = toEditor;
-  // By index: an observer may detach itself, or attach another, while it is told.
-  for (std::size_t i = 0; i < fObservers.size(); ++i) {
-    IZOObserver* observer = fObservers[i];
-    if ((audience & KindBit(observer->Destination())) != 0) observer->Update(aChange, aValue);
-  }
+  fNotices.GoOn(fObservers.Tell([&](IZOObserver& observer) {
+    if ((audience & KindBit(observer.Destination())) != 0) observer.Update(aChange, aValue);
+  }));
 }
 
 TZOChangeValue TKDXBaseLabel::GetChangedValue(TZOChange aChange) const {

@@ -7,6 +7,8 @@
 #include "kaldrix/core/Commands.hpp"
 #include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
+#include "kaldrix/core/TUpdateBracket.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
@@ -23,7 +25,8 @@ void TKDXBaseLabel::Enlist(TKDXBaseItem& aItem, bool aPreview) {
   fItems.Adopt(&aItem);
   fIndex.Add(aItem);
   if (aItem.fItemType == itLink) fHasLinks = fLinksStale = true;
-  fModified = true;
+  NoteChange();
+  fNotices.Came(aItem);
 }
 
 void TKDXBaseLabel::Forget(TKDXBaseItem& aItem) {
@@ -31,6 +34,7 @@ void TKDXBaseLabel::Forget(TKDXBaseItem& aItem) {
   aItem.fListed = false;
   if (aItem.fPending) std::replace(fCalcs.begin(), fCalcs.end(), &aItem, static_cast<TKDXBaseItem*>(nullptr));
   if (aItem.fFromPreview) return fPreview.Extract(&aItem);
+  fNotices.Goes(aItem);
   if (CarriesLinks(aItem.fItemType)) fLinksStale = true;
   if (aItem.fState != isNormal) {
     std::erase(fSelection, &aItem);
@@ -48,6 +52,7 @@ void TKDXBaseLabel::Free(TKDXBaseItem& aItem) {
 void TKDXBaseLabel::FreeAll(TOwnedList<TKDXBaseItem>& aList) {
   ++fGoneItems;
   if (&aList == &fItems) {
+    fNotices.ForgetItems();
     fIndex.Clear();
     fCalcs.clear();
     fHasLinks = false;
@@ -136,6 +141,7 @@ void TKDXBaseLabel::DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelec
 
 void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
   if (aItem == nullptr) return;
+  const TNoticeHold hold(*this);
   if (!fLinks.empty()) {
     if (const auto* node = dynamic_cast<const IZORLink*>(aItem)) DeleteAttachedLinks(*node, aRemoveSelection);
   }
@@ -147,10 +153,11 @@ void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
   if (!aItem->fListed || aItem->fFromPreview) return;
   TKDXDeleteCmd::AddCommand(*aItem);
   Free(*aItem);
-  fModified = true;
+  NoteChange();
 }
 
 void TKDXBaseLabel::DeleteSelection() {
+  const TNoticeHold hold(*this);
   std::vector<TKDXBaseItem*> links = fLinks.empty() ? fLinks : AttachedLinks();
   std::vector<TKDXBaseItem*> doomed;
   doomed.swap(fSelection);
@@ -196,6 +203,7 @@ void TKDXBaseLabel::FreeMany(std::vector<TKDXBaseItem*>& aItems,
     SweepItems(aItems.rbegin(), aItems.rend(), [&](TKDXBaseItem* item) {
       if (aBefore != nullptr) (this->*aBefore)(*item);
       --left;
+      fNotices.Goes(*item);
       item->fListed = false;
       fIndex.Remove(*item);
       delete item;
@@ -205,10 +213,11 @@ void TKDXBaseLabel::FreeMany(std::vector<TKDXBaseItem*>& aItems,
     ++fGoneItems;
     aItems.resize(left);
     for (TKDXBaseItem* item : aItems) TakeBack(*item);
+    fNotices.OrderChanged();
     throw;
   }
   ++fGoneItems;
-  fModified = true;
+  NoteChange();
 }
 
 void TKDXBaseLabel::TakeBack(TKDXBaseItem& aItem) {
@@ -244,19 +253,21 @@ void TKDXBaseLabel::CleanLibray() {
 // Z-order --------------------------------------------------
 
 void TKDXBaseLabel::SendToBack() {
-  if (fSelection.empty() || fItems.Count() < 2 || fItems.First() == fSelection.front()) return;
-  BeginUpdate(true);
-  fItems.Move(fItems.IndexOf(fSelection.front()), 0);
-  fStates.Add(lsUpdate);
-  EndUpdate();
+  if (!fSelection.empty()) Restack(0);
 }
 
 void TKDXBaseLabel::BringToFront() {
-  if (fSelection.empty() || fItems.Count() < 2 || fItems.Last() == fSelection.front()) return;
-  BeginUpdate(true);
-  fItems.Move(fItems.IndexOf(fSelection.front()), fItems.Count() - 1);
+  if (!fSelection.empty()) Restack(fItems.Count() - 1);
+}
+
+void TKDXBaseLabel::Restack(int aPlace) {
+  const int place = fItems.IndexOf(fSelection.front());
+  if (place == aPlace) return;
+  const TUpdateBracket bracket(*this, true);
+  fItems.Move(place, aPlace);
   fStates.Add(lsUpdate);
-  EndUpdate();
+  NoteChange();
+  fNotices.OrderChanged();
 }
 
 }  // namespace Zor::inline Base

@@ -28,7 +28,8 @@ void TKDXBaseLabel::MakeSatellites() {
 
 TKDXBaseLabel::~TKDXBaseLabel() {
   BeginDestruction();
-  fObservers.clear();
+  fObservers.Clear();
+  fNotices.fObservers.Clear();
   Clear({cleAll, cleBaseLayer, cleBaseStyle}, false);
 }
 
@@ -97,6 +98,7 @@ void TKDXBaseLabel::Loaded() {
   if (!fData->fJson.empty()) fData->CheckJson();
 }
 
+// A component that goes has left the observers by itself when this comes: its own part of the object is gone.
 void TKDXBaseLabel::Notification(TComponent& aComponent, TOperation aOperation) {
   if (aOperation != TOperation::opRemove) return;
   auto* observer = dynamic_cast<IZOObserver*>(&aComponent);

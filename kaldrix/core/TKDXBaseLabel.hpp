@@ -11,6 +11,7 @@
 #include "kaldrix/core/TItemIndex.hpp"
 #include "kaldrix/core/TKDXBaseItem.hpp"
 #include "kaldrix/core/TLabelRanges.hpp"
+#include "kaldrix/core/TNotices.hpp"
 #include "kaldrix/core/TOwnedList.hpp"
 #include "kaldrix/core/TSvgWriting.hpp"
 #include "kaldrix/core/TUndoStack.hpp"
@@ -88,8 +89,10 @@ class TKDXBaseLabel : public TComponent {
 
   // Bracket --------------------------------------------------
 
-  /// Between the two, changes are gathered: one group of undo commands, one notification at the end.
+  /// Between the two, changes are gathered: one group of undo commands, one notification at the end. They do
+  /// not nest, and an exception leaves the bracket open: see TUpdateBracket.
   void BeginUpdate(bool aPaintOnEnd);
+  /// Closes the bracket, also when the calculation of an item or an observer throws.
   void EndUpdate();
   void EndUpdateSelection();
   /// Brackets the reading of a file, or with `aPaste` of a paste. Recording is off inside.
@@ -111,14 +114,33 @@ class TKDXBaseLabel : public TComponent {
   // Observers --------------------------------------------------
 
   /// Ignored when it is attached already. An observer of kind duEditor receives chLabelDef at once. The
-  /// document does not own it: detach it before it goes.
+  /// document does not own it, and forgets it when it goes.
   void Attach(IZOObserver* aObserver);
   void Detach(IZOObserver* aObserver);
+  /// The same for one that hears of single items.
+  void AttachItems(IZOItemObserver* aObserver) { fNotices.fObservers.Attach(aObserver); }
+  void DetachItems(IZOItemObserver* aObserver) { fNotices.fObservers.Detach(aObserver); }
   /// Sends a change to the observers whose kind it is meant for. Inside a bracket chMeasure waits for its
   /// end.
   void ChangeValue(TZOChange aChange);
   TZOChangeValue GetChangedValue(TZOChange aChange) const;
   void FireInfoEvent(bool aNotify);
+
+  // Changes of what a file holds --------------------------------------------------
+
+  /// Every change comes by here once it is stored: of an item, or of something else. Sets fModified, and
+  /// tells the observers of items.
+  void ItemChanged(TKDXBaseItem& aItem) {
+    NoteChange();
+    fNotices.Changed(aItem);
+  }
+  void ContentChanged() {
+    NoteChange();
+    fNotices.DocumentChanged();
+  }
+  /// Grows with every change, whatever clears fModified: a host that remembers it at saving knows whether
+  /// there is something new.
+  unsigned ContentVersion() const { return fContentVersion; }
 
   // Items --------------------------------------------------
 
@@ -472,7 +494,8 @@ class TKDXBaseLabel : public TComponent {
   std::vector<TKDXBaseItem*> fLinks;      ///< link items attached to the selection
   std::vector<TKDXBaseItem*> fCalcs;      ///< items that wait for a calculation; gone ones leave a gap
   TKDXBaseLibSymbol* fCurrentLibSym = nullptr;
-  std::vector<IZOObserver*> fObservers;
+  TObserverList<IZOObserver> fObservers{[this] { LookForEditors(); }};
+  TNotices fNotices{*this};
   bool fConEditors = false;  ///< an observer of kind duEditor is attached
   bool fUpdate = false;      ///< true only while a bracket closes
   TKaldrixStateOptions fStates;
@@ -538,12 +561,19 @@ class TKDXBaseLabel : public TComponent {
   void DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection);
   void RouteStaleLinks();
   void Defer(TKDXBaseItem& aItem);
+  /// Moves the first selected item to that place in fItems, 0-based.
+  void Restack(int aPlace);
 
   void ClearSelectionSilently();
   bool SelectNeighbour(int aStep);
   void TakeOnly(TKDXBaseItem& aItem, TZORItemState aState);
   void CloseBracket();
+  void LookForEditors();
   void Send(TZOChange aChange, const TZOChangeValue& aValue);
+  void NoteChange() {
+    fModified = true;
+    ++fContentVersion;
+  }
   void RunCommands(TUndoStack& aStack, void (TKDXCmd::*aStep)());
   void Rotate(int aStep, void (TKDXBaseItem::*aTurn)());
   TKDXLayer* BoxLayer(bool& aMade);
@@ -565,6 +595,7 @@ class TKDXBaseLabel : public TComponent {
 
   TItemIndex fIndex;
   unsigned fGoneItems = 0;
+  unsigned fContentVersion = 0;
   bool fHasLinks = false;    ///< may be true without any, never false with one
   bool fLinksStale = false;  ///< a node moved, came or went since the links were routed
   mutable TNameFinder fCounterFinder;

@@ -6,6 +6,7 @@
 
 #include "kaldrix/types/AnsiString.hpp"
 #include "kaldrix/types/Enumerations.hpp"
+#include "kaldrix/types/Observing.hpp"
 #include "kaldrix/types/Records.hpp"
 
 namespace Zor::inline Types {
@@ -21,12 +22,17 @@ namespace Zor::inline Types {
                                            \
  public:
 
-/// Somebody who hears of the changes of a document, on the thread that makes them.
-class IZOObserver {
-  ZOR_INTERFACE(IZOObserver)
+/// Somebody who hears of the changes of a document, on the thread that makes them. When it goes, the document
+/// forgets it. What it throws comes out of the operation that told it, when all observers have heard.
+class IZOObserver : public TObserver {
+ public:
   /// What kind of observer this is; it decides which changes reach it.
   virtual TZODestUpdate Destination() = 0;
   virtual void Update(TZOChange aChange, const TZOChangeValue& aValue) = 0;
+
+ protected:
+  IZOObserver() = default;
+  ~IZOObserver() = default;
 };
 
 /// Pen: width in millimetres of paper, colour.
