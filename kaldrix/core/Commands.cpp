@@ -57,6 +57,7 @@ constexpr std::array ColorTable{
 void WritePen(TKDXBaseItem& aItem, const int& aValue) {
   TKDXBaseValueCmd::AddCommand(aItem, 0);
   aItem.fPenWidth = aValue;
+  aItem.Document().ItemChanged(aItem);
 }
 
 constexpr std::array BaseValueTable{
@@ -141,18 +142,29 @@ void TKDXCmd::Push(std::unique_ptr<TKDXCmd> aCommand) {
   document.FireUndoRedoEvent();
 }
 
+/// The document is undoing, or redoing, as long as a command runs: where new commands go follows from it.
+class TKDXCmd::TRunning {
+ public:
+  TRunning(TKDXBaseLabel& aDocument, bool aRedo) : fDocument(aDocument) {
+    fDocument.fUndoing = !aRedo;
+    fDocument.fRedoing = aRedo;
+  }
+  TRunning(const TRunning&) = delete;
+  TRunning& operator=(const TRunning&) = delete;
+  ~TRunning() { fDocument.fUndoing = fDocument.fRedoing = false; }
+
+ private:
+  TKDXBaseLabel& fDocument;
+};
+
 void TKDXCmd::Undo() {
-  fDocument->fRedoing = false;
-  fDocument->fUndoing = true;
+  const TRunning running(*fDocument, false);
   RestoreState();
-  fDocument->fUndoing = false;
 }
 
 void TKDXCmd::Redo() {
-  fDocument->fUndoing = false;
-  fDocument->fRedoing = true;
+  const TRunning running(*fDocument, true);
   RestoreState();
-  fDocument->fRedoing = false;
 }
 
 // TKDXCreateCmd --------------------------------------------------
@@ -166,17 +178,14 @@ void TKDXCreateCmd::DeleteReceiver() {
 }
 
 void TKDXCreateCmd::Undo() {
-  fDocument->fUndoing = true;
+  const TRunning running(*fDocument, false);
   DeleteReceiver();
-  fDocument->fUndoing = false;
 }
 
 void TKDXCreateCmd::Redo() {
-  // fRedoing, so that the delete command that this makes keeps the group.
-  fDocument->fUndoing = false;
-  fDocument->fRedoing = true;
+  // The delete command that this makes keeps the group.
+  const TRunning running(*fDocument, true);
   DeleteReceiver();
-  fDocument->fRedoing = false;
 }
 
 // TKDXDeleteCmd --------------------------------------------------
@@ -196,17 +205,13 @@ void TKDXDeleteCmd::AddCommand(TKDXBaseItem& aItem) {
 }
 
 void TKDXDeleteCmd::Undo() {
-  fDocument->fRedoing = false;
-  fDocument->fUndoing = true;
+  const TRunning running(*fDocument, false);
   fDocument->CreateElementFromStream(fStream);
-  fDocument->fUndoing = false;
 }
 
 void TKDXDeleteCmd::Redo() {
-  fDocument->fUndoing = false;
-  fDocument->fRedoing = true;
+  const TRunning running(*fDocument, true);
   fDocument->CreateElementFromStream(fStream);
-  fDocument->fRedoing = false;
 }
 
 // TKDXPosCmd --------------------------------------------------
@@ -277,6 +282,7 @@ void TKDXElePosCmd::RestoreState() {
   if (item == nullptr) return;
   // The points change hands: the mirror takes those of the item.
   std::swap(item->fPoints, fPoints);
+  fDocument->ItemChanged(*item);
   if (!IsRecording(*item) || CheckLastProp(Kind, *item, fIndex)) return;
   Push(std::unique_ptr<TKDXCmd>(new TKDXElePosCmd(*item, fIndex, std::move(fPoints))));
 }

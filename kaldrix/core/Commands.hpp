@@ -45,6 +45,8 @@ class TKDXCmd {
   const unsigned fGoneItems;
 
  protected:
+  class TRunning;
+
   TKDXCmd(int aKind, TKDXBaseItem& aReceiver, int aIndex);
 
   static bool IsRecording(const TKDXBaseItem& aItem);

@@ -40,6 +40,7 @@ Int64 TKDX2DItem::BaseScaleHeight() const { return OnPaper(BaseHeight(), fOwner-
 
 void TKDX2DItem::SetBaseWidth(Int64 aBase) {
   if (aBase == BaseWidth()) return;
+  const TEdit edit(*this);
   TKDXPosCmd::AddCommand(*this, 2, ptX);
   SetBaseX(2, AddHeld(GetPoint(1).bX, aBase));
   UpdateBounds();
@@ -47,6 +48,7 @@ void TKDX2DItem::SetBaseWidth(Int64 aBase) {
 
 void TKDX2DItem::SetBaseHeight(Int64 aBase) {
   if (aBase == BaseHeight()) return;
+  const TEdit edit(*this);
   TKDXPosCmd::AddCommand(*this, 2, ptY);
   SetBaseY(2, AddHeld(GetPoint(1).bY, aBase));
   UpdateBounds();

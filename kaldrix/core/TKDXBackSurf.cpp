@@ -6,6 +6,7 @@
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 #include "kaldrix/platform/Files.hpp"
 
 namespace Zor::inline Base {
@@ -33,7 +34,7 @@ void TKDXBackSurf::SetFileName(const std::string& aValue) {
   fFileName = aValue;
   ReadFileImage();
   fNeedPaint = true;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 void TKDXBackSurf::ReadFileImage() {
@@ -44,13 +45,14 @@ void TKDXBackSurf::SetStyle(TZORBackStyle aValue) {
   const bool lacksImage = aValue == biImage && fFileName.empty();
   const bool fits = fOwner->IsTakingValues() || (!lacksImage && Suits(aValue, fOwner->fMeasure->fLabelType));
   fStyle = fits ? aValue : biNone;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 void TKDXBackSurf::SetSurfaceColor(TAlphaColor& aField, TAlphaColor aValue) {
   if (aField == aValue) return;
+  const TNoticeHold hold(*fOwner);
   aField = aValue;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
   fOwner->ChangeValue(chBackSurf);
 }
 
@@ -60,7 +62,7 @@ void TKDXBackSurf::SetToColor(TAlphaColor aValue) { SetSurfaceColor(fToColor, aV
 void TKDXBackSurf::SetPrint(bool aValue) {
   if (aValue == fPrint) return;
   fPrint = aValue;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 // Align marks
@@ -68,8 +70,9 @@ void TKDXBackSurf::SetPrint(bool aValue) {
 
 void TKDXBackSurf::SetAlignColor(TAlphaColor aValue) {
   if (aValue == fAlignColor) return;
+  const TNoticeHold hold(*fOwner);
   fAlignColor = aValue;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
   if (fShowAlign) fOwner->ChangeValue(chAligns);
 }
 

@@ -109,6 +109,7 @@ void TKDXBaseItem::BasePointMove(Int64& ax, Int64& ay, int /*aIndex*/) const {
 }
 
 void TKDXBaseItem::BaseMove(Int64 ax, Int64 ay, Int64 grX, Int64 grY, TZORMoveOpt aMoveOp, bool aUpdate) {
+  const TEdit edit(*this);
   if (aMoveOp == moAll) {
     MoveAll(ax, ay, grX, grY);
   } else {
@@ -140,6 +141,7 @@ void TKDXBaseItem::Move(Single ax, Single ay, TZORMoveOpt aMoveOp) {
   const TZORUnits unit = fOwner->fUnits;
   Finite(ax);
   Finite(ay);
+  const TEdit edit(*this);
   const auto moveSecond = [this, unit](Single dx, Single dy) {
     if (fPoints.size() < 2) return;
     fPoints[1].Move(dx, dy, unit);
@@ -182,6 +184,7 @@ bool TKDXBaseItem::MoveToPoint(Int64 x, Int64 y) {
 }
 
 void TKDXBaseItem::RotateLeft() {
+  const TEdit edit(*this);
   fAngle = fAngle == ag270 ? ag0 : static_cast<TZORAngle>(fAngle + 1);
   const Int64 height = fOwner->fMeasure->GetSize(mtLabelHeight, true);
   for (TZORPto& point : fPoints) point.SetBase(point.bY, height - point.bX);
@@ -190,6 +193,7 @@ void TKDXBaseItem::RotateLeft() {
 }
 
 void TKDXBaseItem::RotateRight() {
+  const TEdit edit(*this);
   fAngle = fAngle == ag0 ? ag270 : static_cast<TZORAngle>(fAngle - 1);
   const Int64 width = fOwner->fMeasure->GetSize(mtLabelWidth, true);
   for (TZORPto& point : fPoints) point.SetBase(width - point.bY, point.bX);

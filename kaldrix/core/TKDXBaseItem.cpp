@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <exception>
 #include <utility>
 
 #include "kaldrix/core/Commands.hpp"
@@ -63,6 +64,7 @@ void TKDXBaseItem::SetID(const std::string& aValue) {
   if (fOwner->fOptions.Has(loUniqueID) && fOwner->RepeatID(name, this)) {
     throw Exception(TKDXMsg::GetErrorValue("RepeatID"));
   }
+  const TEdit edit(*this);
   StateModified();
   fOwner->fIndex.BeforeChange(*this);
   fID = name;
@@ -82,11 +84,13 @@ void TKDXBaseItem::SetAngle(TZORAngle aValue) {
 }
 
 void TKDXBaseItem::SetLayer(TKDXLayer& aLayer) {
+  if (&aLayer == fLayer) return fOwner->SortItemsZLayer();
+  const TEdit edit(*this);
   fLayer = &aLayer;
   fOwner->SortItemsZLayer();
 }
 
-void TKDXBaseItem::SetOptions(TZOLayerOpts aValue) { fOptions = aValue; }
+void TKDXBaseItem::SetOptions(TZOLayerOpts aValue) { Keep(fOptions, aValue); }
 
 // Points --------------------------------------------------
 
@@ -101,6 +105,7 @@ Single TKDXBaseItem::GetPointMMY(int aIndex) const { return FromBase(GetPoint(aI
 void TKDXBaseItem::SetPointX(int aIndex, Single aValue) {
   if (!HasPoint(aIndex) || GetPointX(aIndex) == aValue) return;
   const Int64 place = HeldPlace(aValue, fOwner->fUnits);
+  const TEdit edit(*this);
   fOwner->AddState(lsUpdate);
   TKDXPosCmd::AddCommand(*this, aIndex, ptX);
   fPoints[static_cast<std::size_t>(aIndex - 1)].bX = place;
@@ -110,6 +115,7 @@ void TKDXBaseItem::SetPointX(int aIndex, Single aValue) {
 void TKDXBaseItem::SetPointY(int aIndex, Single aValue) {
   if (!HasPoint(aIndex) || GetPointY(aIndex) == aValue) return;
   const Int64 place = HeldPlace(aValue, fOwner->fUnits);
+  const TEdit edit(*this);
   fOwner->AddState(lsUpdate);
   TKDXPosCmd::AddCommand(*this, aIndex, ptY);
   fPoints[static_cast<std::size_t>(aIndex - 1)].bY = place;
@@ -132,7 +138,9 @@ void TKDXBaseItem::UpdateAfterPoint() {
 }
 
 void TKDXBaseItem::SetPoint(int aIndex, const TZORPto& aPoint) {
-  if (HasPoint(aIndex)) fPoints[static_cast<std::size_t>(aIndex - 1)] = aPoint;
+  if (!HasPoint(aIndex) || GetPoint(aIndex) == aPoint) return;
+  const TEdit edit(*this);
+  fPoints[static_cast<std::size_t>(aIndex - 1)] = aPoint;
 }
 void TKDXBaseItem::SetBase(int aIndex, Int64 x, Int64 y) { SetPoint(aIndex, {x, y}); }
 void TKDXBaseItem::SetBaseX(int aIndex, Int64 x) { SetPoint(aIndex, {x, GetPoint(aIndex).bY}); }
@@ -141,12 +149,14 @@ void TKDXBaseItem::SetBaseY(int aIndex, Int64 y) { SetPoint(aIndex, {GetPoint(aI
 void TKDXBaseItem::AssignPoints(const TZORPtoA& aPoints, int aHigh) {
   const std::size_t count =
       std::min({aPoints.size(), fPoints.size(), static_cast<std::size_t>(std::max(aHigh + 1, 0))});
+  const TEdit edit(*this);
   std::copy_n(aPoints.begin(), count, fPoints.begin());
   UpdateBounds();
 }
 
 bool TKDXBaseItem::DeletePoint(int aIndex) {
   if (!HasFreePoints(fItemType) || !HasPoint(aIndex)) return false;
+  const TEdit edit(*this);
   fPoints.erase(fPoints.begin() + (aIndex - 1));
   return true;
 }
@@ -185,6 +195,22 @@ void TKDXBaseItem::PreviewPos(int aColumn, int aRowOnSheet) {
 }
 
 // Reports --------------------------------------------------
+
+TKDXBaseItem::TEdit::TEdit(TKDXBaseItem& aItem) : fItem(aItem), fExceptions(std::uncaught_exceptions()) {
+  aItem.fOwner->fNotices.Hold();
+}
+
+TKDXBaseItem::TEdit::~TEdit() noexcept(false) {
+  TNotices& notices = fItem.fOwner->fNotices;
+  notices.Release();
+  if (fItem.fFromPreview) return;
+  try {
+    fItem.fOwner->ItemChanged(fItem);
+  } catch (...) {
+    if (std::uncaught_exceptions() == fExceptions) throw;
+    // The exception that ends the change is on its way.
+  }
+}
 
 void TKDXBaseItem::StateModified() { fOwner->ChangeState(lsModified, this); }
 void TKDXBaseItem::StateUpdate() { fOwner->ChangeState(Shows(lopVisible) ? lsUpdate : lsModified, this); }

@@ -33,7 +33,8 @@ using TSvgList = std::vector<std::string>;
 /// indexes count from 1.
 ///
 /// Every setter follows one pattern: it compares and returns on an equal value, records an undo command,
-/// reports the change to the document and stores. The exceptions say so.
+/// stores, reports the change to the document, and tells it that the item is another one (TEdit). The
+/// exceptions say so. Whoever writes the public fields tells the document by ItemChanged.
 class TKDXBaseItem : public TPersistent, public IZORStroke {
  public:
   /// With `aPreview` the item is a preview copy and joins fPreview, else fItems as the topmost.
@@ -242,15 +243,41 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   virtual void AfterRead(TZORReadType /*aReadType*/) {}
   const char* ClassName() const override;
 
-  /// The setter pattern: compare, record a command of class TCmd with `aIndex`, report, store. True on a
-  /// change.
+  /// A change of what a file holds of the item, from before it until all that follows from it is done: then
+  /// the document's fModified is set, and observers of items are told.
+  class TEdit {
+   public:
+    explicit TEdit(TKDXBaseItem& aItem);
+    TEdit(const TEdit&) = delete;
+    TEdit& operator=(const TEdit&) = delete;
+    ~TEdit() noexcept(false);
+
+   private:
+    TKDXBaseItem& fItem;
+    int fExceptions;
+  };
+
+  /// The setter pattern: compare, record a command of class TCmd with `aIndex`, store, report. A setter that
+  /// does more behind it opens a TEdit in front of it. True on a change.
   template <class TCmd, class T>
   bool Change(T& aField, const T& aValue, int aIndex, void (TKDXBaseItem::*aReport)() = nullptr) {
     if (aField == aValue) return false;
+    const TEdit edit(*this);
     TCmd::AddCommand(*this, aIndex);
-    if (aReport != nullptr) (this->*aReport)();
     aField = aValue;
+    if (aReport != nullptr) (this->*aReport)();
     return true;
+  }
+  /// Stores, without command and report.
+  template <class T>
+  void Keep(T& aField, const T& aValue) {
+    if (aField == aValue) return;
+    const TEdit edit(*this);
+    aField = aValue;
+  }
+  /// Puts a point that follows from others in its place; nobody is told.
+  void PlacePoint(int aIndex, Int64 x, Int64 y) {
+    if (HasPoint(aIndex)) fPoints[static_cast<std::size_t>(aIndex - 1)] = {x, y};
   }
   /// Points of a free number behind their count.
   static void RecordPoints(TRecord& r, TZORPtoA& aPoints, TZORItemType aType);

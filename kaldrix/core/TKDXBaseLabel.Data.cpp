@@ -7,6 +7,8 @@
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
+#include "kaldrix/platform/TAtExit.hpp"
 #include "kaldrix/platform/TextNumbers.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
@@ -70,21 +72,24 @@ TKDXCounter* TKDXBaseLabel::GetCounter(int aIndex) const {
 
 bool TKDXBaseLabel::RemoveCounter(TKDXCounter* aCounter) {
   if (fCounters.IndexOf(aCounter) < 0) return false;
+  const TNoticeHold hold(*this);
   Unbind(ftCounter, [aCounter](const std::string& aName) { return SameText(aName, aCounter->fName); });
   fCounters.Delete(aCounter);
+  ContentChanged();
   return true;
 }
 
 void TKDXBaseLabel::Unbind(TZORFillType aFill, const std::function<bool(const std::string&)>& aMatches) {
   // An item tells its binding only while the document is linked.
-  const bool linked = std::exchange(fData->fLinkData, true);
+  const TNoticeHold hold(*this);
+  const TAtExit restore(
+      [this, linked = std::exchange(fData->fLinkData, true)] { fData->fLinkData = linked; });
   for (TKDXBaseItem* item : fItems) {
     auto* bound = dynamic_cast<IZORData*>(item);
     if (bound != nullptr && bound->FillType() == aFill && aMatches(bound->FillName())) {
       bound->SetData(ftNone, {}, {});
     }
   }
-  fData->fLinkData = linked;
 }
 
 void TKDXBaseLabel::ResetCounters() {

@@ -112,6 +112,7 @@ TKDXBaseItem* TKDXBaseLabel::FindName(std::string_view aID) {
 TKDXBaseItem* TKDXBaseLabel::ElementByID(const std::string& aID, bool aSelect) {
   TKDXBaseItem* item = FindName(aID);
   if (item == nullptr || !aSelect) return item;
+  const TNoticeHold hold(*this);
   ClearSelection(false);
   AddToSelection(*item, false);
   if (fEditorMode != emInteractive) FillSelPoints();
@@ -169,7 +170,7 @@ void TKDXBaseLabel::DeleteSelection() {
 
 void TKDXBaseLabel::RecordDeletion(TKDXBaseItem& aItem) {
   aItem.fState = isNormal;
-  if (fOnUnSelectItem) fOnUnSelectItem(this, &aItem);
+  if (fOnUnSelectItem) Guarded([&] { fOnUnSelectItem(this, &aItem); });
   TKDXDeleteCmd::AddCommand(aItem);
 }
 

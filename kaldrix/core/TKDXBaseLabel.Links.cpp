@@ -2,17 +2,20 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
 #include "kaldrix/core/ItemSweep.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 
 namespace Zor::inline Base {
 
 void TKDXBaseLabel::RouteStaleLinks() {
   fLinksStale = false;
   if (!fHasLinks) return;
+  const TNoticeHold hold(*this);
   fHasLinks = false;
   SweepItems(fItems.begin(), fItems.end(), [this](TKDXBaseItem* item) {
     if (item->fItemType != itLink) return;
     fHasLinks = true;
     item->FollowEnds();
+    fNotices.Changed(*item);
   });
 }
 

@@ -5,13 +5,15 @@
 
 #include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 
 namespace Zor::inline Base {
 
 void TKDXBaseLabel::AddToSelection(TKDXBaseItem& aItem, bool aNotify) {
   aItem.fState = isSelected;
+  const TNoticeHold hold(*this);
   fSelection.push_back(&aItem);
-  if (fOnSelectItem) fOnSelectItem(this, &aItem);
+  TellSelected(aItem);
   if (aNotify) ChangeValue(chSelect);
 }
 
@@ -19,11 +21,16 @@ void TKDXBaseLabel::TakeOnly(TKDXBaseItem& aItem, TZORItemState aState) {
   ClearSelection(false);
   aItem.fState = aState;
   fSelection.push_back(&aItem);
-  if (fOnSelectItem) fOnSelectItem(this, &aItem);
+  TellSelected(aItem);
+}
+
+void TKDXBaseLabel::TellSelected(TKDXBaseItem& aItem) {
+  if (fOnSelectItem) Guarded([&] { fOnSelectItem(this, &aItem); });
 }
 
 void TKDXBaseLabel::SetSelection(TKDXBaseItem* aItem, TZORItemState aState) {
   if (aItem == nullptr) return;
+  const TNoticeHold hold(*this);
   TakeOnly(*aItem, aState);
   FillSelPoints();
   ChangeValue(GetTextObject() != nullptr ? chChText : chSelect);
@@ -31,16 +38,20 @@ void TKDXBaseLabel::SetSelection(TKDXBaseItem* aItem, TZORItemState aState) {
 
 void TKDXBaseLabel::ScrollItem(TKDXBaseItem* aItem) {
   if (aItem == nullptr) return;
+  const TNoticeHold hold(*this);
   TakeOnly(*aItem, isSelected);
   if (fEditorMode != emInteractive) FillSelPoints();
   ChangeValue(chScrollSelect);
 }
 
 void TKDXBaseLabel::ClearSelection(bool aNotify) {
+  const TNoticeHold hold(*this);
   const std::vector<TKDXBaseItem*> former = fSelection;
   ClearSelectionSilently();
   if (fOnUnSelectItem) {
-    for (TKDXBaseItem* item : former) fOnUnSelectItem(this, item);
+    for (TKDXBaseItem* item : former) {
+      Guarded([&] { fOnUnSelectItem(this, item); });
+    }
   }
   if (aNotify) ChangeValue(chSelect);
 }

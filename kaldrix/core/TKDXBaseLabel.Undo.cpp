@@ -3,6 +3,8 @@
 
 #include "kaldrix/core/Commands.hpp"
 #include "kaldrix/core/ItemSweep.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
+#include "kaldrix/platform/TAtExit.hpp"
 
 namespace Zor::inline Base {
 
@@ -23,7 +25,8 @@ int TKDXBaseLabel::UnReID() {
 }
 
 void TKDXBaseLabel::FireUndoRedoEvent() {
-  if (fOnUndoRedoEvent) fOnUndoRedoEvent(this, fUndo.IsEmpty(), fRedo.IsEmpty());
+  if (!fOnUndoRedoEvent) return;
+  Guarded([this] { fOnUndoRedoEvent(this, fUndo.IsEmpty(), fRedo.IsEmpty()); });
 }
 
 void TKDXBaseLabel::Undo() { RunCommands(fUndo, &TKDXCmd::Undo); }
@@ -31,25 +34,34 @@ void TKDXBaseLabel::Redo() { RunCommands(fRedo, &TKDXCmd::Redo); }
 
 void TKDXBaseLabel::RunCommands(TUndoStack& aStack, void (TKDXCmd::*aStep)()) {
   if (aStack.IsEmpty()) return;
+  const TNoticeHold hold(*this);
   bool moved = false;
-  const auto run = [&] {
-    FetchAhead(aStack);
-    const std::unique_ptr<TKDXCmd> command = aStack.Pop();
-    (command.get()->*aStep)();
-    const int kind = command->fKind;
-    if (kind == TColorTraits::Kind || (kind >= TKDXPosCmd::Kind && kind <= TKDXElePosCmd::Kind)) {
-      if (TKDXBaseItem* item = command->Receiver()) item->UpdateBounds();
-      moved = true;
-    }
-    return command->fUndRedID;
-  };
+  const TAtExit shown([&] {
+    Refresh();
+    FireUndoRedoEvent();
+  });
   // Intended: the mirror of the first command still carries the reference as it stood before.
-  fUnReRef = run();
-  while (!aStack.IsEmpty() && aStack.Top()->fUndRedID == fUnReRef) run();
+  fUnReRef = RunCommand(aStack, aStep, moved);
+  while (!aStack.IsEmpty() && aStack.Top()->fUndRedID == fUnReRef) RunCommand(aStack, aStep, moved);
   CalcPending();
   if (moved) FillSelPoints();
-  Refresh();
-  FireUndoRedoEvent();
+}
+
+int TKDXBaseLabel::RunCommand(TUndoStack& aStack, void (TKDXCmd::*aStep)(), bool& aMoved) {
+  FetchAhead(aStack);
+  std::unique_ptr<TKDXCmd> command = aStack.Pop();
+  try {
+    (command.get()->*aStep)();
+  } catch (...) {
+    aStack.Push(std::move(command));  // It can be tried again.
+    throw;
+  }
+  const int kind = command->fKind;
+  if (kind == TColorTraits::Kind || (kind >= TKDXPosCmd::Kind && kind <= TKDXElePosCmd::Kind)) {
+    if (TKDXBaseItem* item = command->Receiver()) item->UpdateBounds();
+    aMoved = true;
+  }
+  return command->fUndRedID;
 }
 
 }  // namespace Zor::inline Base

@@ -5,6 +5,7 @@
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/core/TKDXSettings.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Files.hpp"
 
@@ -40,8 +41,10 @@ double FromDots(double aValue, TZORUnits aUnit, int aDpi) {
 }  // namespace
 
 void TKDXBaseLabel::SetEditorMode(TZOREditorMode aMode) {
+  const TNoticeHold hold(*this);
   const bool changed = aMode != fEditorMode;
   fEditorMode = aMode;
+  if (changed) ContentChanged();
   if (changed && !IsTakingValues()) {
     fMeasure->fLabelName = TKDXMsg::GetInfoValue(aMode == emLabelling ? "LabelName" : "DrawingName");
   }
@@ -54,7 +57,9 @@ void TKDXBaseLabel::SetEditorMode(TZOREditorMode aMode) {
 
 void TKDXBaseLabel::SetUnits(TZORUnits aUnits) {
   if (aUnits == fUnits) return;
+  const TNoticeHold hold(*this);
   fUnits = aUnits;
+  ContentChanged();
   if (IsTakingValues()) return;
   if (!IsDrawingMode()) fUnits = RestrictedUnit();
   ChangeValue(chUnits);
@@ -77,14 +82,19 @@ void TKDXBaseLabel::SetLngFileName(const std::string& aValue) {
   if (!aValue.empty()) TKDXMsg::LoadResources(aValue);
 }
 
+void TKDXBaseLabel::AssignPart(TPersistent& aPart, const TPersistent& aValue) {
+  aPart.Assign(aValue);
+  ContentChanged();
+}
+
 void TKDXBaseLabel::SetBackSurf(const TKDXBackSurf* aValue) {
-  if (aValue != nullptr) fBackSurf->Assign(*aValue);
+  if (aValue != nullptr) AssignPart(*fBackSurf, *aValue);
 }
 void TKDXBaseLabel::SetMeasure(const TKDXMeasure* aValue) {
-  if (aValue != nullptr) fMeasure->Assign(*aValue);
+  if (aValue != nullptr) AssignPart(*fMeasure, *aValue);
 }
 void TKDXBaseLabel::SetSettings(const TKDXSettings* aValue) {
-  if (aValue != nullptr) fSettings->Assign(*aValue);
+  if (aValue != nullptr) AssignPart(*fSettings, *aValue);
 }
 
 int TKDXBaseLabel::SetVal(Single aValue, bool aRestric) const {

@@ -10,11 +10,15 @@
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/core/TKDXSettings.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 
 namespace Zor::inline Base {
 
-TKDXBaseLabel::TKDXBaseLabel(TComponent* aOwner) : TComponent(aOwner), fIndex(fItems) { MakeSatellites(); }
+TKDXBaseLabel::TKDXBaseLabel(TComponent* aOwner) : TComponent(aOwner), fIndex(fItems) {
+  MakeSatellites();
+  fModified = false;
+}
 
 void TKDXBaseLabel::MakeSatellites() {
   fPrintInfo = std::make_unique<TKDXBasePrintInfo>(this);
@@ -39,6 +43,7 @@ void TKDXBaseLabel::New() {
 }
 
 void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
+  const TNoticeHold hold(*this);
   const auto takes = [aValue](TZORClear aPart) { return aValue.Has(cleAll) || aValue.Has(aPart); };
   bool hadContent = false;
   if (takes(cleUndoRedo)) {
@@ -73,7 +78,9 @@ void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
   if (aValue.Has(cleBaseStyle)) fDimStyles.Truncate(0);
   if (aValue.Has(cleValList)) fData->ClearListVal();
   if (aValue.Has(cleAskList)) fData->ClearAskList();
+  ++fContentVersion;
   fModified = false;
+  if (!IsDestroying()) takes(cleItems) ? fNotices.ContentReplaced() : fNotices.DocumentChanged();
   if (aPaint && hadContent) ChangeValue(chSelect);
 }
 
@@ -87,6 +94,7 @@ void TKDXBaseLabel::Assign(const TPersistent& aSource) {
   fImageFolder = source->fImageFolder;
   fOpenImgFolder = source->fOpenImgFolder;
   fLibraryFolder = source->fLibraryFolder;
+  ContentChanged();
 }
 
 void TKDXBaseLabel::Loaded() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <string>
@@ -566,15 +567,28 @@ class TKDXBaseLabel : public TComponent {
 
   void ClearSelectionSilently();
   bool SelectNeighbour(int aStep);
+  void TellSelected(TKDXBaseItem& aItem);
   void TakeOnly(TKDXBaseItem& aItem, TZORItemState aState);
   void CloseBracket();
   void LookForEditors();
+  void AssignPart(TPersistent& aPart, const TPersistent& aValue);
   void Send(TZOChange aChange, const TZOChangeValue& aValue);
   void NoteChange() {
     fModified = true;
     ++fContentVersion;
   }
   void RunCommands(TUndoStack& aStack, void (TKDXCmd::*aStep)());
+  /// Gives the group of the command; `aMoved` is set when bounds were made anew.
+  int RunCommand(TUndoStack& aStack, void (TKDXCmd::*aStep)(), bool& aMoved);
+  /// Calls a host's event; what it throws waits, as what observers throw.
+  template <class TCall>
+  void Guarded(TCall aCall) {
+    try {
+      aCall();
+    } catch (...) {
+      fNotices.GoOn(std::current_exception());
+    }
+  }
   void Rotate(int aStep, void (TKDXBaseItem::*aTurn)());
   TKDXLayer* BoxLayer(bool& aMade);
   void MakeBox(TKDXLayer& aLayer);

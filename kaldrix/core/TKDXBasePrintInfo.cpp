@@ -65,11 +65,16 @@ void TKDXBasePrintInfo::SetLastLab(int aValue) {
   fFirstLab = std::min(fFirstLab, fLastLab);
 }
 
-void TKDXBasePrintInfo::SetLabs(int aValue) { fLabs = std::max(aValue, 1); }
+void TKDXBasePrintInfo::SetLabs(int aValue) {
+  const int labels = std::max(aValue, 1);
+  if (labels == fLabs) return;
+  fLabs = labels;
+  fOwner->ContentChanged();
+}
 
 void TKDXBasePrintInfo::SetRepetition(int aValue) {
   fRepetition = std::max(aValue, 1);
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 void TKDXBasePrintInfo::SetFirstRow(int aValue) {

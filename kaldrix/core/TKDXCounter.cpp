@@ -9,7 +9,10 @@
 
 namespace Zor::inline Base {
 
-TKDXCounter::TKDXCounter(TKDXBaseLabel* aOwner) : fOwner(aOwner) { aOwner->fCounters.Adopt(this); }
+TKDXCounter::TKDXCounter(TKDXBaseLabel* aOwner) : fOwner(aOwner) {
+  aOwner->fCounters.Adopt(this);
+  aOwner->ContentChanged();
+}
 
 // The walk
 // ----------------------------------------------------------------------------------------------------------
@@ -63,22 +66,26 @@ void TKDXCounter::SetNumFrom(Int64 aValue) {
   fNumFrom = aValue;
   fNumTo = std::max(fNumTo, aValue);
   CalcNumLabs();
+  fOwner->ContentChanged();
 }
 
 void TKDXCounter::SetNumTo(Int64 aValue) {
   fNumTo = aValue;
   fNumFrom = std::min(fNumFrom, aValue);
   CalcNumLabs();
+  fOwner->ContentChanged();
 }
 
 void TKDXCounter::SetRepeat(int aValue) {
   fRepeat = static_cast<std::int16_t>(std::clamp<int>(aValue, 1, INT16_MAX));
   CalcNumLabs();
+  fOwner->ContentChanged();
 }
 
 void TKDXCounter::SetStep(int aValue) {
   fStep = std::max(aValue, 1);
   CalcNumLabs();
+  fOwner->ContentChanged();
 }
 
 // Persistence

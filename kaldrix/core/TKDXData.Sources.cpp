@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
@@ -88,6 +89,7 @@ void TKDXData::SetJson(const std::string& aText) {
   const bool ofFile = std::exchange(fJsonFile, nullptr) != nullptr;
   if (text == fJson && !ofFile) return;
   fJson = text;
+  fOwner->ContentChanged();
   fJson.empty() ? DeleteSources(dtyJson) : CheckJson();
 }
 
@@ -177,6 +179,7 @@ bool TKDXData::SetCsvData(const std::string& aFile, bool aHeader, TZORCsvSep aSe
     throw Exception(TKDXMsg::GetErrorValue("NoFile"));
   }
   fCsvFileName = aFile;
+  fOwner->ContentChanged();
   fCsvOpen.reset();
   fCsvHeader = aHeader;
   fCsvQuote = aQuote;
@@ -189,6 +192,7 @@ template <class T>
 void TKDXData::SetCsvValue(T& aField, const T& aValue) {
   if (aField == aValue) return;
   aField = aValue;
+  fOwner->ContentChanged();
   fCsvOpen.reset();
   CheckCsvFields();
 }
@@ -202,22 +206,31 @@ bool TKDXData::SetCsvField(int aIndex, TZORFieldType aType) {
   const TKDXDatasetItem* source = CsvItem();
   if (aIndex < 0 || source == nullptr) return false;
   if (TKDXFieldItem* field = source->fFields.GetItem(aIndex)) field->fFieldType = aType;
+  fOwner->ContentChanged();
   return true;
 }
 
 // Selection --------------------------------------------------
+
+void TKDXData::SetFieldRepeat(const std::string& aValue) {
+  if (aValue == fFieldRepeat) return;
+  fFieldRepeat = aValue;
+  fOwner->ContentChanged();
+}
 
 void TKDXData::SetDataSel(const std::string& aName) {
   if (aName == fDataSel) return;
   fDataSel = aName;
   const TKDXDatasetItem* source = GetDataset(aName);
   fType = source == nullptr ? dtyNone : source->fDataType;
+  fOwner->ContentChanged();
 }
 
 void TKDXData::MigrateDataSel(const std::string& aName) {
   if (aName == fDataSel) return;
   fDataSel = aName;
   fType = dtyDataset;
+  fOwner->ContentChanged();
 }
 
 bool TKDXData::Select(TZORDataType aType, const std::string& aCaption) {
@@ -228,6 +241,7 @@ bool TKDXData::Select(TZORDataType aType, const std::string& aCaption) {
   fDataSel = (*found)->fCaption;
   fType = aType;
   fLinkData = true;
+  fOwner->ContentChanged();
   return true;
 }
 

@@ -86,6 +86,7 @@ bool TKDXData::DeleteList(int aIndex) {
   if (list == nullptr) return false;
   fOwner->Unbind(ftList, [list](const std::string& aName) { return aName == list->fName; });
   fListVal.Delete(list);
+  fOwner->ContentChanged();
   return true;
 }
 
@@ -94,6 +95,7 @@ bool TKDXData::DeleteAsk(int aIndex) {
   if (question == nullptr) return false;
   fOwner->Unbind(ftAsk, [question](const std::string& aName) { return aName == question->fName; });
   fListAsk.Delete(question);
+  fOwner->ContentChanged();
   return true;
 }
 

@@ -68,7 +68,7 @@ class TKDXData final : public TPersistent {
   /// The kind of a column, 0-based; one behind the last is passed over. False below 0 and without a CSV
   /// source.
   bool SetCsvField(int aIndex, TZORFieldType aType);
-  void SetFieldRepeat(const std::string& aValue) { fFieldRepeat = aValue; }
+  void SetFieldRepeat(const std::string& aValue);
 
   /// Selects the source of that caption, compared without case; fType becomes its kind, or dtyNone.
   void SetDataSel(const std::string& aName);

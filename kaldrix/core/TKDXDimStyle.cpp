@@ -40,13 +40,17 @@ TKDXDimStyle::TKDXDimStyle(TKDXBaseLabel* aOwner, const std::string& aName, bool
     : fOwner(aOwner), fName(aName), fUnit(aOwner->fUnits) {
   if (aAssignId) AsignId();
   aOwner->fDimStyles.Adopt(this);
+  TellOwner();
 }
 
 void TKDXDimStyle::Assign(const TPersistent& aSource) {
   const auto* source = dynamic_cast<const TKDXDimStyle*>(&aSource);
   if (source == nullptr) return TPersistent::Assign(aSource);
   Values(*this) = Values(*source);
+  TellOwner();
 }
+
+void TKDXDimStyle::TellOwner() { fOwner->ContentChanged(); }
 
 void TKDXDimStyle::AsignId() {
   int largest = 0;

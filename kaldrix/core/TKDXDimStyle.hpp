@@ -119,7 +119,9 @@ class TKDXDimStyle final : public TPersistent {
     if (aField == aValue) return;
     aField = aValue;
     fChanged = true;
+    TellOwner();
   }
+  void TellOwner();
   bool IsIdTaken(int aId) const;
   void TakeHeadSize(int aBase);
   void TakeDimPenWidth(int aBase);

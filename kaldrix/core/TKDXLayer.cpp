@@ -10,6 +10,7 @@
 #include "kaldrix/core/TKDX2DItem.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/core/TUpdateBracket.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Base64.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
@@ -66,36 +67,45 @@ TKDXLayer::TKDXLayer(TKDXBaseLabel* aOwner, const std::string& aName, TAlphaColo
                      TAlphaColor /*aBackColor*/)
     : fOwner(aOwner), fName(aName) {
   aOwner->fLayers.Adopt(this);
+  aOwner->ContentChanged();
 }
 
 void TKDXLayer::Assign(const TPersistent& aSource) {
   const auto* source = dynamic_cast<const TKDXLayer*>(&aSource);
   if (source == nullptr) return TPersistent::Assign(aSource);
   Values(*this) = Values(*source);
+  fOwner->ContentChanged();
+}
+
+template <class T>
+void TKDXLayer::Keep(T& aField, const T& aValue) {
+  if (aField == aValue) return;
+  aField = aValue;
+  fOwner->ContentChanged();
 }
 
 void TKDXLayer::SetName(const std::string& aValue) {
   if (aValue.empty()) throw Exception(TKDXMsg::GetErrorValue("EmptyText"));
-  fName = aValue;
+  Keep(fName, aValue);
 }
 
 void TKDXLayer::SetOptions(TZOLayerOpts aValue) {
   if (aValue.Has(lopImage) && aValue.Has(lopMap)) {
     throw EInvalidOperation("You cannot select lopImage and lopMap simultaneously");
   }
-  fOptions = aValue;
+  Keep(fOptions, aValue);
   fOwner->CheckBackLayer();
 }
 
 void TKDXLayer::SetZPos(std::uint16_t aValue) {
   fZPos = aValue;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 Single TKDXLayer::GetFontHeight() const { return GetBaseValue(fFontHeight); }
 Single TKDXLayer::GetPenWidth() const { return GetBaseValue(fPenWidth); }
-void TKDXLayer::SetFontHeight(Single aMM) { fFontHeight = HeldBase(aMM); }
-void TKDXLayer::SetPenWidth(Single aMM) { fPenWidth = HeldBase(aMM); }
+void TKDXLayer::SetFontHeight(Single aMM) { Keep(fFontHeight, HeldBase(aMM)); }
+void TKDXLayer::SetPenWidth(Single aMM) { Keep(fPenWidth, HeldBase(aMM)); }
 
 // Values of the items
 // -----------------------------------------------------------------------------------------------
@@ -103,20 +113,19 @@ void TKDXLayer::SetPenWidth(Single aMM) { fPenWidth = HeldBase(aMM); }
 /// Runs `aAction` on each item of the layer, inside one bracket.
 template <class TAction>
 void TKDXLayer::ForItems(TAction aAction) {
-  fOwner->BeginUpdate(true);
+  const TUpdateBracket bracket(*fOwner);
   for (TKDXBaseItem* item : fOwner->fItems) {
     if (item->fLayer == this) aAction(*item);
   }
-  fOwner->EndUpdate();
 }
 
 void TKDXLayer::SetColor(TAlphaColor aValue, bool aUpdateItems) {
-  fColor = aValue;
+  Keep(fColor, aValue);
   if (aUpdateItems) ForItems([aValue](TKDXBaseItem& aItem) { aItem.SetColor(aValue); });
 }
 
 void TKDXLayer::SetBackColor(TAlphaColor aValue, bool aUpdateItems) {
-  fBackColor = aValue;
+  Keep(fBackColor, aValue);
   if (!aUpdateItems) return;
   ForItems([aValue](TKDXBaseItem& aItem) {
     if (auto* item = dynamic_cast<TKDX2DItem*>(&aItem)) item->SetBackColor(aValue);
@@ -124,7 +133,7 @@ void TKDXLayer::SetBackColor(TAlphaColor aValue, bool aUpdateItems) {
 }
 
 void TKDXLayer::SetFontColor(TAlphaColor aValue, bool aUpdateItems) {
-  fFontColor = aValue;
+  Keep(fFontColor, aValue);
   if (!aUpdateItems) return;
   ForItems([aValue](TKDXBaseItem& aItem) {
     if (auto* font = dynamic_cast<IZORFont*>(&aItem)) font->SetFontColor(aValue);
@@ -136,6 +145,7 @@ void TKDXLayer::SetValues() {
     aItem.SetColor(fColor);
     aItem.fPenWidth = fPenWidth;
     if (auto* item = dynamic_cast<TKDX2DItem*>(&aItem)) item->fBackColor = fBackColor;
+    fOwner->ItemChanged(aItem);
     auto* font = dynamic_cast<IZORFont*>(&aItem);
     if (font == nullptr) return;
     font->SetFontColor(fFontColor);
@@ -158,10 +168,14 @@ void TKDXLayer::SetFileImg(const std::string& aValue) {
   fArrayB.clear();
   fFileImg = name;
   fImageType = ImageTypeOf(name);
+  fOwner->ContentChanged();
   fOwner->CheckBackLayer();
 }
 
-void TKDXLayer::SetFileImgSize(int aSize) { fArrayB.resize(static_cast<std::size_t>(std::max(aSize, 0))); }
+void TKDXLayer::SetFileImgSize(int aSize) {
+  fArrayB.resize(static_cast<std::size_t>(std::max(aSize, 0)));
+  fOwner->ContentChanged();
+}
 
 Single TKDXLayer::GetImgMarLeft() const { return fOwner->GetVal(fImgMarLeft, true); }
 Single TKDXLayer::GetImgMarTop() const { return fOwner->GetVal(fImgMarTop, true); }
@@ -172,7 +186,7 @@ Single TKDXLayer::GetImgMarRight() const { return fOwner->GetVal(fImgMarRight, t
 void TKDXLayer::SetImgMargin(int& aField, int aBase, int aSide) {
   if (aBase == aField) return;
   aField = aBase > aSide ? aSide / 2 : std::max(aBase, 0);
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 void TKDXLayer::SetImgMarLeft(Single aValue) {

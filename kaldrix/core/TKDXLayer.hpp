@@ -105,6 +105,8 @@ class TKDXLayer final : public TPersistent {
  private:
   template <class TAction>
   void ForItems(TAction aAction);
+  template <class T>
+  void Keep(T& aField, const T& aValue);
   void SetImgMargin(int& aField, int aBase, int aSide);
 
   void Record(TRecord& r);

@@ -9,6 +9,7 @@
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/types/Papers.hpp"
@@ -52,7 +53,8 @@ void TKDXMeasure::SendInfo() { fOwner->ChangeValue(chLabelDef); }
 bool TKDXMeasure::IsLabelling() const { return fOwner->fEditorMode == emLabelling; }
 
 void TKDXMeasure::Changed() {
-  fOwner->fModified = true;
+  const TNoticeHold hold(*fOwner);
+  fOwner->ContentChanged();
   fOwner->ChangeValue(chMeasure);
 }
 
@@ -101,20 +103,22 @@ void TKDXMeasure::SetHeight(Single aValue) {
 }
 
 void TKDXMeasure::SetPaperWidth(Single aValue) {
+  const TNoticeHold hold(*fOwner);
   const int width = std::max(SizeBase(aValue), LeastSize);
   ValidateDrawScaleForPaper(width, fPaperHeight);
   fPaperWidth = width;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
   if (!IsPaperTied()) return;
   fWidth = width;
   Changed();
 }
 
 void TKDXMeasure::SetPaperHeight(Single aValue) {
+  const TNoticeHold hold(*fOwner);
   const int height = std::max(SizeBase(aValue), LeastSize);
   ValidateDrawScaleForPaper(fPaperWidth, height);
   fPaperHeight = height;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
   if (!IsPaperTied()) return;
   fHeight = height;
   Changed();
@@ -147,12 +151,13 @@ void TKDXMeasure::SetPaperSizeMM(Single aMMWidth, Single aMMHeight) {
 }
 
 void TKDXMeasure::SetPaperName(const std::string& aValue) {
+  const TNoticeHold hold(*fOwner);
   if (fOwner->IsTakingValues()) {
     fPaperName = aValue;
   } else {
     TakeNamedPaper(aValue);
   }
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 void TKDXMeasure::TakeNamedPaper(const std::string& aName) {
@@ -186,7 +191,7 @@ void TKDXMeasure::SetContinousPaper(bool aValue) {
     fWidth = fPaperWidth;
     fHeight = fPaperHeight;
   }
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 void TKDXMeasure::SetLabelType(TKaldrixType aValue) {
@@ -198,7 +203,7 @@ void TKDXMeasure::SetLabelType(TKaldrixType aValue) {
   }
   TZORBackStyle& style = fOwner->fBackSurf->fStyle;
   if (!TKDXBackSurf::Suits(style, aValue)) style = biNone;
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 void TKDXMeasure::SetInnerCircle(Single aValue) { TakeInnerCircle(UnitBase(aValue)); }
@@ -210,7 +215,7 @@ void TKDXMeasure::TakeInnerCircle(int aBase) {
 
 void TKDXMeasure::SetLabelName(const std::string& aValue) {
   fLabelName = aValue;
-  if (!fOwner->IsTakingValues()) fOwner->fModified = true;
+  if (!fOwner->IsTakingValues()) fOwner->ContentChanged();
 }
 
 // Labels on the sheet
@@ -219,7 +224,7 @@ void TKDXMeasure::SetLabelName(const std::string& aValue) {
 void TKDXMeasure::TakeHeld(int& aField, int aValue, int aLeast) {
   if (aValue == aField) return;
   aField = std::max(aValue, aLeast);
-  fOwner->fModified = true;
+  fOwner->ContentChanged();
 }
 
 void TKDXMeasure::TakeSpace(int& aField, Single& aLoaded, Single aValue, int aLeast) {

@@ -6,6 +6,7 @@
 #include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 
 namespace Zor::inline Base {
 
@@ -28,7 +29,9 @@ void TKDXSettings::Assign(const TPersistent& aSource) {
 
 void TKDXSettings::SetPaintColor(TAlphaColor& aField, TAlphaColor aValue) {
   if (aField == aValue) return;
+  const TNoticeHold hold(*fOwner);
   aField = aValue;
+  fOwner->ContentChanged();
   fOwner->ChangeValue(chPaint);
 }
 
@@ -38,8 +41,14 @@ void TKDXSettings::SetFillTermColor(TAlphaColor aValue) { SetPaintColor(fFillTer
 Single TKDXSettings::GetTermSize() const { return fOwner->GetValMM(fTermSize); }
 Single TKDXSettings::GetLinkGap() const { return fOwner->GetValMM(fLinkGap); }
 
-void TKDXSettings::SetTermSize(Single aMM) { fTermSize = std::max(HeldBase(aMM), LeastTermSize); }
-void TKDXSettings::SetLinkGap(Single aMM) { fLinkGap = std::max(HeldBase(aMM), LeastLinkGap); }
+void TKDXSettings::SetSize(int& aField, int aBase) {
+  if (aBase == aField) return;
+  aField = aBase;
+  fOwner->ContentChanged();
+}
+
+void TKDXSettings::SetTermSize(Single aMM) { SetSize(fTermSize, std::max(HeldBase(aMM), LeastTermSize)); }
+void TKDXSettings::SetLinkGap(Single aMM) { SetSize(fLinkGap, std::max(HeldBase(aMM), LeastLinkGap)); }
 
 void TKDXSettings::Record(TRecord& r) {
   r.UInt32(fTermColor);

@@ -46,6 +46,7 @@ class TKDXSettings final : public TPersistent {
 
  private:
   void Record(TRecord& r);
+  void SetSize(int& aField, int aBase);
   void SetPaintColor(TAlphaColor& aField, TAlphaColor aValue);
 };
 

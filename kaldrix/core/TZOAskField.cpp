@@ -38,6 +38,7 @@ void TZOAskField::SetName(const std::string& aName) {
   if (aName.empty()) throw Exception(TKDXMsg::GetErrorValue("EmptyText"));
   if (fOwner->NameAskExists(aName)) throw Exception(TKDXMsg::GetErrorValue("RepeatName"));
   fName = aName;
+  fOwner->fOwner->ContentChanged();
 }
 
 std::string TZOAskField::Answer(std::string_view aFormat) const {

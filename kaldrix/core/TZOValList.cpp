@@ -35,6 +35,7 @@ std::vector<std::string> SplitLines(std::string_view aText) {
 
 TZOValList::TZOValList(TKDXData& aOwner, const std::string& aName) : fOwner(&aOwner), fName(aName) {
   aOwner.fListVal.Adopt(this);
+  Changed();
 }
 
 void TZOValList::SetName(const std::string& aName) {
@@ -42,10 +43,21 @@ void TZOValList::SetName(const std::string& aName) {
   if (aName.empty()) throw Exception(TKDXMsg::GetErrorValue("EmptyText"));
   if (fOwner->NameListExists(aName)) throw Exception(TKDXMsg::GetErrorValue("RepeatName"));
   fName = aName;
+  Changed();
+}
+
+void TZOValList::Changed() { fOwner->fOwner->ContentChanged(); }
+
+void TZOValList::AssignValues(const std::vector<std::string>& aValues) {
+  if (aValues == fValues) return;
+  fValues = aValues;
+  Changed();
 }
 
 void TZOValList::AddValue(const std::string& aValue) {
-  if (std::find(fValues.begin(), fValues.end(), aValue) == fValues.end()) fValues.push_back(aValue);
+  if (std::find(fValues.begin(), fValues.end(), aValue) != fValues.end()) return;
+  fValues.push_back(aValue);
+  Changed();
 }
 
 bool TZOValList::DeleteValue(const std::string& aValue) { return std::erase(fValues, aValue) > 0; }

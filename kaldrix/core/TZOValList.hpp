@@ -22,7 +22,7 @@ class TZOValList {
   void SetName(const std::string& aName);
   /// A value that the list has already is not added.
   void AddValue(const std::string& aValue);
-  void AssignValues(const std::vector<std::string>& aValues) { fValues = aValues; }
+  void AssignValues(const std::vector<std::string>& aValues);
   bool DeleteValue(const std::string& aValue);
   const std::vector<std::string>& GetValues() const { return fValues; }
 
@@ -39,6 +39,7 @@ class TZOValList {
   std::vector<std::string> fValues;
 
  private:
+  void Changed();
   void Record(TRecord& r);
 };
 

@@ -37,14 +37,18 @@ void TBarItem::TakeSizes() {
 
 void TBarItem::SetBarWidth(Single aMM) {
   const int width = std::max(HeldBase(aMM), fSizes->leastWidth);
-  if (!Change<TKDXFloatCmd>(fBarWidth, width, 0, &TKDXBaseItem::StateUpdate)) return;
+  if (width == fBarWidth) return;
+  const TEdit edit(*this);
+  Change<TKDXFloatCmd>(fBarWidth, width, 0, &TKDXBaseItem::StateUpdate);
   TieHeight();
   UpdateSize();
 }
 
 void TBarItem::SetBarHeight(Single aMM) {
   const int height = std::max(HeldBase(aMM), fSizes->leastHeight);
-  if (!Change<TKDXFloatCmd>(fBarHeight, height, 1, &TKDXBaseItem::StateUpdate)) return;
+  if (height == fBarHeight) return;
+  const TEdit edit(*this);
+  Change<TKDXFloatCmd>(fBarHeight, height, 1, &TKDXBaseItem::StateUpdate);
   TieWidth();
   UpdateSize();
 }
@@ -60,6 +64,7 @@ int TBarItem::HeldInt(Int64 aValue) {
 // Data --------------------------------------------------------------------------------
 
 void TBarItem::SetData(TZORFillType aType, const std::string& aName, const std::string& aFormat) {
+  const TEdit edit(*this);
   Bind(aType, aName, aFormat);
   aIsData = IsBound();
   StateCalc();
@@ -76,6 +81,7 @@ void TBarItem::AfterRead(TZORReadType aReadType) {
 // Placement ---------------------------------------------------------------------------
 
 void TBarItem::SetAngle(TZORAngle aValue) {
+  const TEdit edit(*this);
   TDataItem::SetAngle(aValue);
   UpdatePoints();
 }
@@ -85,13 +91,14 @@ void TBarItem::UpdatePoints() { UpdateBounds(); }
 void TBarItem::UpdateBounds() {
   const Int64 scale = fOwner->fMeasure->fDrawScale;
   const TZORPto anchor = GetPoint(1);
-  SetBase(2, AddHeld(anchor.bX, MulHeld(fBarCodeWidth, scale)),
-          AddHeld(anchor.bY, MulHeld(fBarCodeHeight, scale)));
+  PlacePoint(2, AddHeld(anchor.bX, MulHeld(fBarCodeWidth, scale)),
+             AddHeld(anchor.bY, MulHeld(fBarCodeHeight, scale)));
   fBoundsRect = {anchor.bX, anchor.bY, GetPoint(2).bX, GetPoint(2).bY};
   AdjustRect(fBoundsRect, BlockAlign(), fVertAlign, fAngle);
 }
 
 void TBarItem::RotateLeft() {
+  const TEdit edit(*this);
   fAngle = fAngle == ag270 ? ag0 : static_cast<TZORAngle>(fAngle + 1);
   const TZORPto anchor = GetPoint(1);
   SetBase(1, anchor.bY, SubHeld(fOwner->fMeasure->GetSize(mtLabelHeight, true), anchor.bX));
@@ -99,6 +106,7 @@ void TBarItem::RotateLeft() {
 }
 
 void TBarItem::RotateRight() {
+  const TEdit edit(*this);
   fAngle = fAngle == ag0 ? ag270 : static_cast<TZORAngle>(fAngle - 1);
   const TZORPto anchor = GetPoint(1);
   SetBase(1, SubHeld(fOwner->fMeasure->GetSize(mtLabelWidth, true), anchor.bY), anchor.bX);

@@ -90,8 +90,9 @@ class TBarItem : public TDataItem<TKDX2DItem>, public IZORAngle, public IZORPadd
   template <class T>
   void Place(T& aField, T aValue) {
     if (aField == aValue) return;
-    StateUpdate();
+    const TEdit edit(*this);
     aField = aValue;
+    StateUpdate();
     UpdateSize();
   }
   /// The background, if there is one.

@@ -26,6 +26,7 @@ Int64 TCentredItem::HeldCentre(Single aValue, Int64 aHalf, TZORMeasureType aSize
 
 void TCentredItem::SetCenterX(Single aValue) {
   if (HeldPlace(aValue, fOwner->fUnits) == fBaseX) return;
+  const TEdit edit(*this);
   TKDXFloatCmd::AddCommand(*this, 3);
   StateUpdate();
   const Int64 half = HalfWidth(), centre = HeldCentre(aValue, half, mtLabelWidth);
@@ -36,6 +37,7 @@ void TCentredItem::SetCenterX(Single aValue) {
 
 void TCentredItem::SetCenterY(Single aValue) {
   if (HeldPlace(aValue, fOwner->fUnits) == fBaseY) return;
+  const TEdit edit(*this);
   TKDXFloatCmd::AddCommand(*this, 4);
   StateUpdate();
   const Int64 half = HalfHeight(), centre = HeldCentre(aValue, half, mtLabelHeight);

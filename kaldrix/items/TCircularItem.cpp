@@ -17,6 +17,7 @@ void TCircularItem::SetRadio(Single aValue) { SetBaseRadio(fOwner->SetVal(aValue
 void TCircularItem::SetBaseRadio(int aBase) {
   const int radius = std::max(aBase, 0);
   if (radius == fBaseRadio) return;
+  const TEdit edit(*this);
   TKDXBaseValueCmd::AddCommand(*this, 2);
   StateUpdate();
   Surround(radius, radius);

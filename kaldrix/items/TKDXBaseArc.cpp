@@ -62,18 +62,23 @@ Single TKDXBaseArc::GetPtoMMY(int aIndex) const { return FromBase(ArcPoint(aInde
 
 void TKDXBaseArc::SetPX(int aIndex, Single aValue) {
   if (!HasArcPoint(aIndex)) return;
-  fArcPoints[static_cast<std::size_t>(aIndex - 1)].bX = HeldPlace(aValue, fOwner->fUnits);
+  const Int64 place = HeldPlace(aValue, fOwner->fUnits);
+  const TEdit edit(*this);
+  fArcPoints[static_cast<std::size_t>(aIndex - 1)].bX = place;
   CalcFromPoints();
 }
 
 void TKDXBaseArc::SetPY(int aIndex, Single aValue) {
   if (!HasArcPoint(aIndex)) return;
-  fArcPoints[static_cast<std::size_t>(aIndex - 1)].bY = HeldPlace(aValue, fOwner->fUnits);
+  const Int64 place = HeldPlace(aValue, fOwner->fUnits);
+  const TEdit edit(*this);
+  fArcPoints[static_cast<std::size_t>(aIndex - 1)].bY = place;
   CalcFromPoints();
 }
 
 void TKDXBaseArc::MoveBasePoint(int aIndex, Int64 x, Int64 y) {
   if (!HasArcPoint(aIndex)) return;
+  const TEdit edit(*this);
   fArcPoints[static_cast<std::size_t>(aIndex - 1)].SetBase(x, y);
   CalcFromPoints();
   UpdateBounds();
@@ -233,6 +238,7 @@ void TKDXBaseArc::CheckBaseBoundsMove(Int64& ax, Int64& ay, TZORMoveOpt /*aMoveO
 }
 
 void TKDXBaseArc::BaseMove(Int64 ax, Int64 ay, Int64 grX, Int64 grY, TZORMoveOpt aMoveOp, bool aUpdate) {
+  const TEdit edit(*this);
   const TZORPto former = GetPoint(1);
   TKDXBaseItem::BaseMove(ax, ay, grX, grY, aMoveOp, false);
   if (aMoveOp == moAll) {
@@ -262,11 +268,13 @@ void TKDXBaseArc::Turn(int aQuarters) {
 }
 
 void TKDXBaseArc::RotateLeft() {
+  const TEdit edit(*this);
   Turn(-1);
   TKDXBaseItem::RotateLeft();
 }
 
 void TKDXBaseArc::RotateRight() {
+  const TEdit edit(*this);
   Turn(1);
   TKDXBaseItem::RotateRight();
 }

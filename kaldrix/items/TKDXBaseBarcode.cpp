@@ -63,10 +63,10 @@ TKDXBaseBarcode::TKDXBaseBarcode(TKDXBaseLabel& aOwner, TKDXLayer& aLayer, bool 
 
 std::string TKDXBaseBarcode::GetCode() const { return ToUtf8(fCode); }
 
-// A value is stored before the calculation is asked for: it may run at once.
 template <class T>
 void TKDXBaseBarcode::Recode(T& aField, const T& aValue) {
   if (aField == aValue) return;
+  const TEdit edit(*this);
   aField = aValue;
   fStale = true;
   StateCalc();
@@ -79,6 +79,7 @@ void TKDXBaseBarcode::SetElementString(bool aValue) { Recode(fElementString, aVa
 
 void TKDXBaseBarcode::SetCodeType(TZORBarType aValue) {
   if (aValue == fCodeType) return;
+  const TEdit edit(*this);
   fCodeType = aValue;
   CheckFactor();
   fStale = true;
@@ -87,8 +88,9 @@ void TKDXBaseBarcode::SetCodeType(TZORBarType aValue) {
 
 void TKDXBaseBarcode::SetCheckType(TZORCheckType aValue) {
   if (aValue == fCheckType) return;
-  StateModified();
+  const TEdit edit(*this);
   fCheckType = aValue;
+  StateModified();
 }
 
 void TKDXBaseBarcode::FillData(bool aFirst) {
@@ -117,7 +119,11 @@ Single TKDXBaseBarcode::HeldFactor(Single aValue) const {
 }
 
 void TKDXBaseBarcode::SetFactor(Single aValue) {
-  if (Change<TKDXFloatCmd>(fFactor, HeldFactor(Finite(aValue)), 2, &TKDXBaseItem::StateUpdate)) UpdateSize();
+  const Single factor = HeldFactor(Finite(aValue));
+  if (factor == fFactor) return;
+  const TEdit edit(*this);
+  Change<TKDXFloatCmd>(fFactor, factor, 2, &TKDXBaseItem::StateUpdate);
+  UpdateSize();
 }
 
 void TKDXBaseBarcode::SetHorzAlign(TZORHorzAlign aValue) {
@@ -126,8 +132,9 @@ void TKDXBaseBarcode::SetHorzAlign(TZORHorzAlign aValue) {
 
 void TKDXBaseBarcode::SetShowNumber(bool aValue) {
   if (aValue == fShowNumber) return;
-  StateUpdate();
+  const TEdit edit(*this);
   fShowNumber = aValue;
+  StateUpdate();
   BarCodeWidth(fDrCode, true);
   UpdatePoints();
 }
@@ -140,12 +147,14 @@ void TKDXBaseBarcode::SetFontHeight(Single aMM) {
 void TKDXBaseBarcode::SetDistance(Single aMM) {
   const int distance = HeldBase(aMM);
   if (distance == fDistance) return;
-  StateModified();
+  const TEdit edit(*this);
   fDistance = distance;
+  StateModified();
 }
 
 void TKDXBaseBarcode::SetAngle(TZORAngle aValue) {
   if (aValue == fAngle) return;
+  const TEdit edit(*this);
   TBarItem::SetAngle(aValue);
   StateCalc();
 }

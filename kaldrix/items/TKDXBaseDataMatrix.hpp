@@ -13,8 +13,8 @@ class TKDXBaseDataMatrix : public TMatrixItem {
   /// Intended: size and shape are kept, and the symbol is the smallest square whatever they say.
   TECC200Size GetDMSize() const { return fDMSize; }
   TECC200Shape GetDMShape() const { return fDMShape; }
-  void SetDMSize(TECC200Size aValue) { fDMSize = aValue; }
-  void SetDMShape(TECC200Shape aValue) { fDMShape = aValue; }
+  void SetDMSize(TECC200Size aValue) { Keep(fDMSize, aValue); }
+  void SetDMShape(TECC200Shape aValue) { Keep(fDMShape, aValue); }
 
   /// Is the text a GS1 element string with its identifiers in parentheses? Then the symbol begins with an
   /// FNC1 and has separators. Off in a new item; not stored. Raises as Encode does, and then changes nothing.

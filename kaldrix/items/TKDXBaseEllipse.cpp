@@ -31,6 +31,7 @@ void TKDXBaseEllipse::TakeRadii(Int64 rx, Int64 ry, int aCommand) {
   rx = std::max<Int64>(rx, 0);
   ry = std::max<Int64>(ry, 0);
   if (rx == fBaseRadioX && ry == fBaseRadioY) return;
+  const TEdit edit(*this);
   TKDXElePosCmd::AddCommand(*this, aCommand);
   StateUpdate();
   Surround(rx, ry);

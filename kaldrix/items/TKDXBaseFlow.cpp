@@ -35,6 +35,7 @@ TKDXBaseFlow::TKDXBaseFlow(TKDXBaseLabel& aOwner, TKDXLayer& aLayer, bool aPrevi
 
 void TKDXBaseFlow::SetFlowType(TZORFlowType aValue) {
   if (aValue == fFlowType) return;
+  const TEdit edit(*this);
   fFlowType = aValue;
   UpdateBounds();  // The links of the node end in other places.
   StateCalc();
@@ -51,6 +52,7 @@ void TKDXBaseFlow::SetText(const std::string& aValue) { Lay(fText, Utf8::Repaire
 void TKDXBaseFlow::SetScaleX(Single aValue) {
   const Single interline = HeldInterline(Finite(aValue));
   if (interline == fInterline) return;
+  const TEdit edit(*this);
   fChanged = true;
   Lay(fInterline, interline);
 }
@@ -62,13 +64,11 @@ Single TKDXBaseFlow::HeldInterline(Single aValue) {
 }
 
 void TKDXBaseFlow::SetFontName(const std::string& aValue) {
-  if (Change<TKDXTxtCmd>(fFontName, aValue, 1)) StateCalc();
+  Change<TKDXTxtCmd>(fFontName, aValue, 1, &TKDXBaseItem::StateCalc);
 }
-void TKDXBaseFlow::SetBold(bool aValue) {
-  if (Change<TKDXBoolCmd>(fBold, aValue, 2)) StateCalc();
-}
+void TKDXBaseFlow::SetBold(bool aValue) { Change<TKDXBoolCmd>(fBold, aValue, 2, &TKDXBaseItem::StateCalc); }
 void TKDXBaseFlow::SetItalic(bool aValue) {
-  if (Change<TKDXBoolCmd>(fItalic, aValue, 3)) StateCalc();
+  Change<TKDXBoolCmd>(fItalic, aValue, 3, &TKDXBaseItem::StateCalc);
 }
 void TKDXBaseFlow::SetUnderline(bool aValue) { Change<TKDXBoolCmd>(fUnderline, aValue, 4); }
 void TKDXBaseFlow::SetFontColor(TAlphaColor aValue) { Change<TKDXColorCmd>(fFontColor, aValue, 3); }

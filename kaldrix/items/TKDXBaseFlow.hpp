@@ -40,9 +40,9 @@ class TKDXBaseFlow : public TStyledItem<TKDX2DItem>,
   void SetShadowDX(Single aMM);
   void SetShadowDY(Single aMM);
   // These only store.
-  void SetShadowColor(TAlphaColor aValue) { fShadowColor = aValue; }
-  void SetGradient(TZORGradient aValue) { fGradient = aValue; }
-  void SetGradColor(TAlphaColor aValue) { fGradColor = aValue; }
+  void SetShadowColor(TAlphaColor aValue) { Keep(fShadowColor, aValue); }
+  void SetGradient(TZORGradient aValue) { Keep(fGradient, aValue); }
+  void SetGradColor(TAlphaColor aValue) { Keep(fGradColor, aValue); }
 
   // Text and font -------------------------------------------------------------
 
@@ -68,7 +68,7 @@ class TKDXBaseFlow : public TStyledItem<TKDX2DItem>,
   /// Recorded, not reported.
   void SetUnderline(bool aValue) override;
   /// Only stores.
-  void SetStrikeout(bool aValue) override { fStrikeout = aValue; }
+  void SetStrikeout(bool aValue) override { Keep(fStrikeout, aValue); }
   /// Millimetres of paper, at least 0; not recorded.
   Single GetPaddingX() const override { return GetBaseValue(fPaddingX); }
   Single GetPaddingY() const override { return GetBaseValue(fPaddingY); }
@@ -128,6 +128,7 @@ class TKDXBaseFlow : public TStyledItem<TKDX2DItem>,
   template <class T>
   void Lay(T& aField, T aValue) {
     if (aField == aValue) return;
+    const TEdit edit(*this);
     aField = std::move(aValue);
     StateCalc();
   }

@@ -197,6 +197,7 @@ void TKDXBaseLink::SizeLinkPoints() {
 
 void TKDXBaseLink::SetLinkType(TZOLinkType aType) {
   if (fLinkType == aType) return;
+  const TEdit edit(*this);
   fLinkType = aType;
   SizeLinkPoints();
   Reroute();

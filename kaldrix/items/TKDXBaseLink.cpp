@@ -59,6 +59,7 @@ bool TKDXBaseLink::TakeEnds() const {
 void TKDXBaseLink::SetFromID(int aID) {
   LookUpEnds();
   if (fFromID == aID && fFromItem != nullptr) return;
+  const TEdit edit(*this);
   fFromID = aID;
   fFromItem = nullptr;
   Reroute();
@@ -67,6 +68,7 @@ void TKDXBaseLink::SetFromID(int aID) {
 void TKDXBaseLink::SetToID(int aID) {
   LookUpEnds();
   if (fToID == aID && fToItem != nullptr) return;
+  const TEdit edit(*this);
   fToID = aID;
   fToItem = nullptr;
   Reroute();
@@ -80,12 +82,14 @@ std::int16_t Position(int aIndex) { return static_cast<std::int16_t>(std::clamp(
 
 void TKDXBaseLink::SetFromIndex(int aIndex) {
   if (fFromIndex == Position(aIndex)) return;
+  const TEdit edit(*this);
   fFromIndex = Position(aIndex);
   Reroute();
 }
 
 void TKDXBaseLink::SetToIndex(int aIndex) {
   if (fToIndex == Position(aIndex)) return;
+  const TEdit edit(*this);
   fToIndex = Position(aIndex);
   Reroute();
 }
@@ -133,6 +137,7 @@ bool TKDXBaseLink::SetLinkPoint(int aIndex, Single x, Single y) {
 
 bool TKDXBaseLink::SetBasePoint(int aIndex, Int64 x, Int64 y, bool aUpdate) {
   if (!HasLinkPoint(aIndex)) return false;
+  const TEdit edit(*this);
   fOwner->RouteLinks();
   fLinkPoints[static_cast<std::size_t>(aIndex - 1)].SetBase(x, y);
   fDrawn = true;
@@ -153,6 +158,7 @@ bool TKDXBaseLink::InsertPoint(Int64 bx, Int64 by, int gap) {
   if (fLinkType != ltPolyline || !TakeEnds()) return false;
   const int segment = PickLines(Route(), false, bx, by, gap);
   if (segment < 1) return false;
+  const TEdit edit(*this);
   fLinkPoints.insert(fLinkPoints.begin() + (segment - 1), TZORPto{bx, by});
   UpdateBounds();
   return true;
@@ -242,12 +248,14 @@ TZORBase TKDXBaseLink::CenterPoint() const {
 // Turning ---------------------------------------------------------------------------
 
 void TKDXBaseLink::RotateLeft() {
+  const TEdit edit(*this);
   const Int64 height = fOwner->fMeasure->GetSize(mtLabelHeight, true);
   for (TZORPto& point : fLinkPoints) point.SetBase(point.bY, SubHeld(height, point.bX));
   TStyledItem::RotateLeft();
 }
 
 void TKDXBaseLink::RotateRight() {
+  const TEdit edit(*this);
   const Int64 width = fOwner->fMeasure->GetSize(mtLabelWidth, true);
   for (TZORPto& point : fLinkPoints) point.SetBase(SubHeld(width, point.bY), point.bX);
   TStyledItem::RotateRight();

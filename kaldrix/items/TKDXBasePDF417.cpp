@@ -87,8 +87,9 @@ void TKDXBasePDF417::SetRows(int aValue) {
 
 void TKDXBasePDF417::SetTruncated(bool aValue) {
   if (aValue == fTruncated) return;
-  StateUpdate();
+  const TEdit edit(*this);
   fTruncated = aValue;
+  StateUpdate();
 }
 
 std::string TKDXBasePDF417::Taken(const std::string& aText) const { return ToUtf8(ToAnsi(aText)); }

@@ -8,6 +8,7 @@ namespace Zor::inline Line {
 
 void TKDXBasePolyLine::AddPoint(Single x, Single y) {
   const TZORPto point{HeldPlace(x, fOwner->fUnits), HeldPlace(y, fOwner->fUnits)};
+  const TEdit edit(*this);
   fPoints.push_back(point);
   // Long lines grow point by point: only the first bounds are made from all points.
   constexpr std::size_t firstPoints = 3;

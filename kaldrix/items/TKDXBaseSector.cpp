@@ -23,14 +23,20 @@ double Radians(double aDegrees) { return aDegrees * TDraw2D::Pi / 180; }
 // Angles ----------------------------------------------------------------------------
 
 void TKDXBaseSector::SetAngleStart(Single aValue) {
-  fAngleStart = std::clamp(Finite(aValue), LeastStart, FullTurn);
+  const Single start = std::clamp(Finite(aValue), LeastStart, FullTurn);
+  if (start == fAngleStart) return;
+  const TEdit edit(*this);
+  fAngleStart = start;
   AdjustStartAngle();
   StateUpdate();
 }
 
 void TKDXBaseSector::SetAngleGap(Single aValue) {
   const Single most = FullTurn - std::fabs(fAngleStart);
-  fAngleGap = std::clamp(Finite(aValue), 0.0F, most);
+  const Single gap = std::clamp(Finite(aValue), 0.0F, most);
+  if (gap == fAngleGap) return;
+  const TEdit edit(*this);
+  fAngleGap = gap;
   StateUpdate();
 }
 

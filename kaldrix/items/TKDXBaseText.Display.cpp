@@ -37,6 +37,7 @@ void Shorten(Int64& aLow, Int64& aHigh, Int64 aLength, TZORHorzAlign aAlign, int
 void TKDXBaseText::SetDispWidth(int aBase) {
   const int width = aBase > 0 && aBase < fWidth ? aBase : 0;
   if (width == fDispWidth) return;
+  const TEdit edit(*this);
   fDispWidth = width;
   StateCalc();
 }

@@ -30,7 +30,9 @@ TKDXBaseText::TKDXBaseText(TKDXBaseLabel& aOwner, TKDXLayer& aLayer, bool aPrevi
 // Text and font -----------------------------------------------------------------------
 
 void TKDXBaseText::SetText(const std::string& aValue) {
-  if (!Change<TKDXTxtCmd>(fText, aValue, 2)) return;
+  if (aValue == fText) return;
+  const TEdit edit(*this);
+  Change<TKDXTxtCmd>(fText, aValue, 2);
   if (FillType() != ftNone && !fText.empty()) {
     fField.clear();
     fFillType = ftNone;
@@ -48,29 +50,27 @@ TZORSPoint TKDXBaseText::Position(const TKDXBaseDraw& drw) const {
   return {anchor.DrawX(drw), anchor.DrawY(drw)};
 }
 
-// The setters that ask for a calculation store before they do: one may run at once.
-
 void TKDXBaseText::SetFontName(const std::string& aValue) {
-  if (Change<TKDXTxtCmd>(fFontName, aValue, 1)) StateCalc();
+  Change<TKDXTxtCmd>(fFontName, aValue, 1, &TKDXBaseItem::StateCalc);
 }
-void TKDXBaseText::SetBold(bool aValue) {
-  if (Change<TKDXBoolCmd>(fBold, aValue, 2)) StateCalc();
-}
+void TKDXBaseText::SetBold(bool aValue) { Change<TKDXBoolCmd>(fBold, aValue, 2, &TKDXBaseItem::StateCalc); }
 void TKDXBaseText::SetItalic(bool aValue) {
-  if (Change<TKDXBoolCmd>(fItalic, aValue, 3)) StateCalc();
+  Change<TKDXBoolCmd>(fItalic, aValue, 3, &TKDXBaseItem::StateCalc);
 }
 void TKDXBaseText::SetUnderline(bool aValue) { Change<TKDXBoolCmd>(fUnderline, aValue, 4); }
 void TKDXBaseText::SetFontColor(TAlphaColor aValue) { Change<TKDXColorCmd>(fFontColor, aValue, 3); }
 
 void TKDXBaseText::SetStrikeout(bool aValue) {
   if (aValue == fStrikeout) return;
-  StateUpdate();
+  const TEdit edit(*this);
   fStrikeout = aValue;
+  StateUpdate();
 }
 
 void TKDXBaseText::SetFontHeight(Single aMM) {
   const int height = std::max(HeldBase(aMM), LeastFontHeight);
   if (height == fFontHeight) return;
+  const TEdit edit(*this);
   fFontHeight = height;
   StateCalc();
 }
@@ -78,6 +78,7 @@ void TKDXBaseText::SetFontHeight(Single aMM) {
 void TKDXBaseText::SetScaleX(Single aValue) {
   const Single scale = HeldScale(Finite(aValue));
   if (scale == fScaleX) return;
+  const TEdit edit(*this);
   fScaleX = scale;
   StateCalc();
 }
@@ -90,6 +91,7 @@ Single TKDXBaseText::HeldScale(Single aValue) {
 // Data --------------------------------------------------------------------------------
 
 void TKDXBaseText::SetData(TZORFillType aType, const std::string& aName, const std::string& aFormat) {
+  const TEdit edit(*this);
   Bind(aType, aName, aFormat);
   UpdateBinding();
   fText = dText;
@@ -128,6 +130,7 @@ void TKDXBaseText::SetBaseRadio(int aBase) {
 }
 
 void TKDXBaseText::SetAngle(TZORAngle aValue) {
+  const TEdit edit(*this);
   TKDXBaseItem::SetAngle(aValue);
   UpdateBounds();
 }
@@ -141,8 +144,9 @@ void TKDXBaseText::SetVertAlign(TZORVertAlign aValue) { Place(fVertAlign, aValue
 template <class T>
 void TKDXBaseText::Place(T& aField, T aValue) {
   if (aField == aValue) return;
-  StateUpdate();
+  const TEdit edit(*this);
   aField = aValue;
+  StateUpdate();
   UpdateBounds();
 }
 
@@ -161,8 +165,8 @@ void TKDXBaseText::SetMeasured(int aWidth, int aHeight, int aAscent, int aDescen
 
 void TKDXBaseText::UpdateBounds() {
   const TZORPto anchor = GetPoint(1);
-  SetBase(2, AddHeld(anchor.bX, Drawn(Int64{fWidth} + 2 * Int64{fPaddingX})),
-          AddHeld(anchor.bY, Drawn(Int64{fHeight} + 2 * Int64{fPaddingY})));
+  PlacePoint(2, AddHeld(anchor.bX, Drawn(Int64{fWidth} + 2 * Int64{fPaddingX})),
+             AddHeld(anchor.bY, Drawn(Int64{fHeight} + 2 * Int64{fPaddingY})));
   fBoundsRect = {anchor.bX, anchor.bY, GetPoint(2).bX, GetPoint(2).bY};
   AdjustRect(fBoundsRect, fHorzAlign, fVertAlign, fAngle);
   TKDXBaseItem::UpdateBounds();

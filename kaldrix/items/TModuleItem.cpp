@@ -51,6 +51,7 @@ void TModuleItem::TieWidth() {
 void TModuleItem::SetFactor(Single aValue) {
   const Single factor = Finite(aValue);
   if (factor == fFactor) return;
+  const TEdit edit(*this);
   // The old factor may not tell the old height: undo brings both back, as one step.
   const bool grouped = fOwner->fIncUnReID;
   fOwner->fIncUnReID = false;

@@ -85,6 +85,7 @@ class TModuleItem : public TBarItem, public IZORAlign {
 template <class T>
 void TModuleItem::Encoded(T& aField, T aValue) {
   if (aField == aValue) return;
+  const TEdit edit(*this);
   std::swap(aField, aValue);
   try {
     Encode();

@@ -34,6 +34,7 @@ class TPathItem : public TBase {
   bool InsertPoint(Int64 bx, Int64 by, int gap) override {
     const int segment = PickLines(bx, by, gap);
     if (segment < 1) return false;
+    const typename TBase::TEdit edit(*this);
     this->fPoints.insert(this->fPoints.begin() + segment, TZORPto{bx, by});
     this->UpdateBounds();
     return true;

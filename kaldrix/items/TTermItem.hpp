@@ -106,9 +106,10 @@ class TTermItem : public TStyledItem<TBase>, public IZORSTerm {
     return static_cast<int>(RoundLength(std::min<double>(std::max<double>(LeastTerm, base), MostTerm)));
   }
   void SetBase(int& aField, int aBase, int aIndex) {
+    const typename TBase::TEdit edit(*this);
     TKDXBaseValueCmd::AddCommand(*this, aIndex);
-    this->StateUpdate();
     aField = std::clamp(aBase, LeastTerm, MostTerm);
+    this->StateUpdate();
   }
   void WriteTerm(TSvgList& svg, TZORExportSVG aType, Single aFactor, TZORTermType aTerm, Single aSize,
                  TAlphaColor aFill, double p1x, double p1y, double p2x, double p2y, bool aIsArc) const {
