@@ -84,7 +84,7 @@ TZORCsvSep GuessSeparator(const TCsvFile& aFile) {
 
 /// Makes an open file the source of the document.
 void Take(TKDXData& aData, std::shared_ptr<TCsvFile> aFile, bool aHeader) {
-  aFile->SetForm(aData.CsvForm());
+  aFile->SetCsvForm(aData.CsvForm());
   aData.fCsvFileName = aFile->Name();
   aData.fCsvOpen = std::move(aFile);
   const bool named = std::exchange(aData.fCsvHeader, aHeader);

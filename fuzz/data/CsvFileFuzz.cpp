@@ -43,7 +43,7 @@ void TryLine(TCsvFile& aFile, int aLine, bool aQuoted, char aDelimiter) {
 /// Records begin where lines begin, in their order, and are as good as lines for all that is asked of them.
 void TryRecords(const TCsvFile& aLines, const std::string& aBytes, TTextCode aCode, const TCsvForm& aForm) {
   const auto records = TCsvFile::OfRecords("input", TFileWindow(aBytes), aCode);
-  records->SetForm(aForm);
+  records->SetCsvForm(aForm);
   Require(records->LineCount() <= aLines.LineCount());
   int former = 0;
   for (int i = 1; i <= records->LineCount(); ++i) {
@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* aData, std::size_t aSi
   const TCsvForm form{Delimiters[choice / 3 % 4], Quotes[choice / 12 % 3]};
   const std::string bytes(reinterpret_cast<const char*>(aData) + 1, aSize - 1);
   TCsvFile file("input", bytes, static_cast<TTextCode>(choice % 3));
-  file.SetForm(form);
+  file.SetCsvForm(form);
   Require(file.LineCount() <= static_cast<int>(bytes.size()));
   for (int line = 1; line <= file.LineCount(); ++line) {
     TryLine(file, line, form.quote != 0, form.delimiter);

@@ -21,7 +21,7 @@ using TValues = std::array<std::uint8_t, 256>;
 constexpr std::array<TValues, Modes> Values = [] {
   std::array<TValues, Modes> values{};
   for (std::size_t mode = 0; mode < Modes; ++mode) {
-    values[mode].fill(NoValue);
+    values[mode].fill(NoTextValue);
     for (std::size_t i = 0; i < TextSets[mode].size(); ++i) {
       const auto c = static_cast<unsigned char>(TextSets[mode][i]);
       if (c != 0) values[mode][c] = static_cast<std::uint8_t>(i);
@@ -34,7 +34,7 @@ constexpr std::array<TZORPdf417TextMode, 256> ModeOf = [] {
   std::array<TZORPdf417TextMode, 256> modes{};
   for (std::size_t c = 0; c < 256; ++c) {
     std::size_t mode = tmAlpha;
-    while (mode < Modes && Values[mode][c] == NoValue) ++mode;
+    while (mode < Modes && Values[mode][c] == NoTextValue) ++mode;
     modes[c] = static_cast<TZORPdf417TextMode>(mode);
   }
   return modes;

@@ -12,9 +12,9 @@ enum TZORPdf417EncodeType : std::uint8_t { etText, etBinary, etNumeric };
 /// Sub-modes of text compaction.
 enum TZORPdf417TextMode : std::uint8_t { tmAlpha, tmLower, tmMixed, tmPunct, tmNone };
 
-/// The value of a character in a sub-mode, or NoValue.
+/// The value of a character in a sub-mode, or NoTextValue.
 std::uint8_t TextValue(TZORPdf417TextMode aMode, unsigned aChar);
-inline constexpr std::uint8_t NoValue = 0xFF;
+inline constexpr std::uint8_t NoTextValue = 0xFF;
 
 /// The first sub-mode that holds a character.
 TZORPdf417TextMode TextModeOf(unsigned aChar);

@@ -207,7 +207,7 @@ void TPdf417Writer::WriteGlobalLabel(unsigned aLabel) {
 
 void TPdf417Writer::WriteCharacter(unsigned aChar) {
   TZORPdf417TextMode mode = fTextMode;
-  if (TextValue(mode, aChar) == NoValue) {
+  if (TextValue(mode, aChar) == NoTextValue) {
     mode = TextModeOf(aChar);
     const TTextSwitch& step = TextSwitch(fTextMode, mode, IsOneShot());
     for (int i = 0; i < step.Count; ++i) PutValue(step.Values[static_cast<std::size_t>(i)]);
@@ -220,7 +220,7 @@ void TPdf417Writer::WriteCharacter(unsigned aChar) {
 bool TPdf417Writer::IsOneShot() const {
   if (fPosition >= fText.size()) return true;
   const TToken next = GetNextCharacter(fPosition);
-  return next.Kind == tkCharacter && next.Value <= 255 && TextValue(fTextMode, next.Value) != NoValue;
+  return next.Kind == tkCharacter && next.Value <= 255 && TextValue(fTextMode, next.Value) != NoTextValue;
 }
 
 /// A character that text compaction lacks, which only an escape can bring.

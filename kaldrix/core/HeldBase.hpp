@@ -26,9 +26,10 @@ inline Int64 HeldPlace(Single aValue, TZORUnits aUnit) {
 
 /// A length in `aUnit` to 32-bit base points, held at the ends of 32 bits. Raises as Finite does.
 inline int HeldBase(Single aValue, TZORUnits aUnit = unMM) {
-  constexpr Int64 least = std::numeric_limits<int>::min(), most = std::numeric_limits<int>::max();
-  constexpr Single far = 1e10F;  // Beyond the ends in every unit, and far inside Int64.
-  return static_cast<int>(std::clamp(SetValue(std::clamp(Finite(aValue), -far, far), aUnit), least, most));
+  constexpr Int64 least = (std::numeric_limits<int>::min)(), most = (std::numeric_limits<int>::max)();
+  constexpr Single beyond = 1e10F;  // Beyond the ends in every unit, and far inside Int64.
+  return static_cast<int>(
+      std::clamp(SetValue(std::clamp(Finite(aValue), -beyond, beyond), aUnit), least, most));
 }
 
 }  // namespace Zor::inline Base

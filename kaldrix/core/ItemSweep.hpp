@@ -24,11 +24,11 @@ inline void Fetch([[maybe_unused]] const void* aMemory, [[maybe_unused]] std::si
 /// way meanwhile.
 template <class TIterator, class TVisit>
 void SweepItems(TIterator aFirst, TIterator aLast, TVisit aVisit) {
-  constexpr std::ptrdiff_t near = 4, far = 8;
+  constexpr std::ptrdiff_t soon = 4, later = 8;
   for (; aFirst != aLast; ++aFirst) {
     const std::ptrdiff_t left = aLast - aFirst;
-    if (left > far) Fetch(aFirst[far], sizeof(TKDXBaseItem));
-    if (left > near) Fetch(aFirst[near]->fPoints.data(), sizeof(TZORPto));
+    if (left > later) Fetch(aFirst[later], sizeof(TKDXBaseItem));
+    if (left > soon) Fetch(aFirst[soon]->fPoints.data(), sizeof(TZORPto));
     aVisit(*aFirst);
   }
 }

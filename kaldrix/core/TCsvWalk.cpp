@@ -12,7 +12,7 @@ TCsvWalk::TCsvWalk(const TKDXData& aData)
     : fData(aData),
       fFile(aData.fCsvOpen != nullptr ? aData.fCsvOpen : TCsvFile::Open(aData.fCsvFileName, aData.fCsvCode)),
       fHeader(aData.fCsvHeader ? 1 : 0) {
-  if (fFile != aData.fCsvOpen) fFile->SetForm(aData.CsvForm());
+  if (fFile != aData.fCsvOpen) fFile->SetCsvForm(aData.CsvForm());
   fFile->GoTo(Line());
 }
 

@@ -82,7 +82,7 @@ class TFlatTable {
 
   void Resize(std::size_t aLeast) {
     const std::vector<TSlot> former = std::exchange(fSlots, {});
-    fSlots.resize(std::bit_ceil(std::max(aLeast, LeastSlots)));
+    fSlots.resize(std::bit_ceil((std::max)(aLeast, LeastSlots)));
     fShift = 64 - (static_cast<unsigned>(std::countr_zero(fSlots.size())) - RunBits);
     for (const TSlot& slot : former) {
       if (slot.value != TValue()) fSlots[PlaceOf(slot.key)] = slot;

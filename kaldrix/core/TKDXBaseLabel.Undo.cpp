@@ -13,8 +13,8 @@ namespace {
 /// Asks for the commands that run soon, and for what they work on.
 void FetchAhead(const TUndoStack& aStack) {
   constexpr int near = 6, far = 14;
-  if (const TKDXCmd* command = aStack.Below(far)) Fetch(command, sizeof(TKDXElePosCmd));
-  if (const TKDXCmd* command = aStack.Below(near)) command->FetchState();
+  if (const TKDXCmd* command = aStack.AtDepth(far)) Fetch(command, sizeof(TKDXElePosCmd));
+  if (const TKDXCmd* command = aStack.AtDepth(near)) command->FetchState();
 }
 
 }  // namespace

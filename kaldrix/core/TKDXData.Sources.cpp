@@ -146,7 +146,7 @@ bool TKDXData::CheckCsvFields() {
   std::shared_ptr<TCsvFile> file = fCsvOpen;
   if (file == nullptr) file = TCsvFile::OpenFirstLine(fCsvFileName, fCsvCode);
   if (file->LineCount() == 0) return true;
-  if (file != fCsvOpen) file->SetForm(CsvForm());
+  if (file != fCsvOpen) file->SetCsvForm(CsvForm());
   file->GoTo(1);
   TKDXDatasetItem& item = NewCsvItem();
   for (int i = 0; i < file->ColumnCount(); ++i) {

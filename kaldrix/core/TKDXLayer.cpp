@@ -164,7 +164,7 @@ void TKDXLayer::SetFileImg(const std::string& aValue) {
   if (aValue.empty() || aValue == fFileImg) return;
   const std::string name = ExtractFileName(aValue);
   const std::string target = CombinePath(fOwner->GetAbsoluteImagePath(), name);
-  if (!FileExists(target)) CopyFile(aValue, target);
+  if (!FileExists(target)) CopyFileAtomically(aValue, target);
   fArrayB.clear();
   fFileImg = name;
   fImageType = ImageTypeOf(name);

@@ -20,7 +20,7 @@ struct TLabelRange {
 class TLabelRanges {
  public:
   /// The last label of a range without an end.
-  static constexpr int End = std::numeric_limits<int>::max();
+  static constexpr int End = (std::numeric_limits<int>::max)();
 
   TLabelRanges() = default;
   TLabelRanges(int aFirst, int aLast) { Add(aFirst, aLast); }

@@ -19,7 +19,7 @@ class TUndoStack {
   int Count() const { return static_cast<int>(fCommands.size()); }
   TKDXCmd* Top() const { return fCommands.empty() ? nullptr : fCommands.back().get(); }
   /// The command so many below the top, or none.
-  TKDXCmd* Below(int aDepth) const {
+  TKDXCmd* AtDepth(int aDepth) const {
     return Count() > aDepth ? fCommands[fCommands.size() - 1 - static_cast<std::size_t>(aDepth)].get()
                             : nullptr;
   }

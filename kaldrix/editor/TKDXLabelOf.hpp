@@ -191,7 +191,8 @@ class TKDXLabelOf : public TKDXFileLabel {
   }
   static TZORPtoA Taken(const TZORPtoA& aPoints, int aHigh) {
     const std::size_t count = static_cast<std::size_t>(aHigh < 0 ? 0 : aHigh + 1);
-    return {aPoints.begin(), aPoints.begin() + static_cast<std::ptrdiff_t>(std::min(count, aPoints.size()))};
+    return {aPoints.begin(),
+            aPoints.begin() + static_cast<std::ptrdiff_t>((std::min)(count, aPoints.size()))};
   }
   static TZORPtoA Box(Int64 cx, Int64 cy, Int64 rx, Int64 ry) {
     return {{AddHeld(cx, -rx), AddHeld(cy, -ry)}, {AddHeld(cx, rx), AddHeld(cy, ry)}};

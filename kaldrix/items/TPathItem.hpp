@@ -61,7 +61,7 @@ class TPathItem : public TBase {
   }
 
  private:
-  void SizePoints(int aCount) { this->fPoints.resize(static_cast<std::size_t>(std::max(aCount, 0))); }
+  void SizePoints(int aCount) { this->fPoints.resize(static_cast<std::size_t>((std::max)(aCount, 0))); }
 };
 
 }  // namespace Zor::inline Base

@@ -95,7 +95,9 @@ void WriteFileAtomically(const std::string& aFileName, std::string_view aBytes) 
   file.Commit();
 }
 
-void CopyFile(const std::string& aFrom, const std::string& aTo) { WriteFileAtomically(aTo, ReadFile(aFrom)); }
+void CopyFileAtomically(const std::string& aFrom, const std::string& aTo) {
+  WriteFileAtomically(aTo, ReadFile(aFrom));
+}
 
 bool FileExists(const std::string& aFileName) {
   struct stat info {};
@@ -107,7 +109,7 @@ bool DirectoryExists(const std::string& aFolder) {
   return !aFolder.empty() && ::stat(aFolder.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-void DeleteFile(const std::string& aFileName) {
+void RemoveFile(const std::string& aFileName) {
   if (::unlink(aFileName.c_str()) != 0 && errno != ENOENT) RaiseErrno("Cannot remove", aFileName, errno);
 }
 

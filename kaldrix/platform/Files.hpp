@@ -23,13 +23,13 @@ std::string ReadDescriptor(int aHandle, const std::string& aName, std::size_t aM
 void WriteFileAtomically(const std::string& aFileName, std::string_view aBytes);
 
 /// Copies the content of a file onto another, as WriteFileAtomically does.
-void CopyFile(const std::string& aFrom, const std::string& aTo);
+void CopyFileAtomically(const std::string& aFrom, const std::string& aTo);
 
 /// Whether there is a file (not a folder) of that name; false for an empty name.
 bool FileExists(const std::string& aFileName);
 bool DirectoryExists(const std::string& aFolder);
 /// Removes a file; one that does not exist is no error.
-void DeleteFile(const std::string& aFileName);
+void RemoveFile(const std::string& aFileName);
 
 /// What stands behind the last separator: "c.png" of "a/b/c.png".
 std::string ExtractFileName(std::string_view aFileName);

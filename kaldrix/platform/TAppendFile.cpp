@@ -59,6 +59,6 @@ void TAppendFile::Append(std::string_view aBytes) {
   if (::fsync(fFile.Handle()) != 0) RaiseErrno("Cannot write", fFileName, errno);
 }
 
-void TAppendFile::Remove() { DeleteFile(fFileName); }
+void TAppendFile::Remove() { RemoveFile(fFileName); }
 
 }  // namespace Zor

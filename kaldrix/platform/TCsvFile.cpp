@@ -121,7 +121,7 @@ std::string_view TCsvFile::Line(int aLine) const {
 
 // Columns ---------------------------------------------------------------------------------
 
-void TCsvFile::SetForm(const TCsvForm& aForm) {
+void TCsvFile::SetCsvForm(const TCsvForm& aForm) {
   fForm = aForm;
   fCut = false;
   if (fRecords) FindRecords();

@@ -66,7 +66,7 @@ class TCsvFile {
   /// All bytes, without those of UTF-16, which are told in UTF-8.
   const TFileWindow& Text() const { return fText; }
 
-  void SetForm(const TCsvForm& aForm);
+  void SetCsvForm(const TCsvForm& aForm);
   /// Makes a line the current one, 1-based. Nothing out of range.
   void GoTo(int aLine);
   int Current() const { return fCurrent; }

@@ -86,8 +86,8 @@ struct TZORRect {
 
   /// The overlap; all zero and false when there is none.
   static bool IntersectRect(TZORRect& aOut, const TZORRect& a, const TZORRect& b) {
-    aOut = {std::max(a.Left, b.Left), std::max(a.Top, b.Top), std::min(a.Right, b.Right),
-            std::min(a.Bottom, b.Bottom)};
+    aOut = {(std::max)(a.Left, b.Left), (std::max)(a.Top, b.Top), (std::min)(a.Right, b.Right),
+            (std::min)(a.Bottom, b.Bottom)};
     if (!aOut.IsEmpty()) return true;
     aOut = Empty();
     return false;
@@ -96,8 +96,8 @@ struct TZORRect {
   static bool UnionRect(TZORRect& aOut, const TZORRect& a, const TZORRect& b) {
     aOut = a;
     if (!b.IsEmpty()) {
-      aOut = {std::min(a.Left, b.Left), std::min(a.Top, b.Top), std::max(a.Right, b.Right),
-              std::max(a.Bottom, b.Bottom)};
+      aOut = {(std::min)(a.Left, b.Left), (std::min)(a.Top, b.Top), (std::max)(a.Right, b.Right),
+              (std::max)(a.Bottom, b.Bottom)};
     }
     if (!aOut.IsEmpty()) return true;
     aOut = Empty();

@@ -22,8 +22,8 @@ struct TQuadratic {
   /// The smallest root above `aLeast`; no number when there is none.
   double FirstAbove(double aLeast) const {
     if (!(discriminant >= 0)) return std::nan("");
-    const double low = std::min(MinusRoot(), PlusRoot());
-    const double high = std::max(MinusRoot(), PlusRoot());
+    const double low = (std::min)(MinusRoot(), PlusRoot());
+    const double high = (std::max)(MinusRoot(), PlusRoot());
     if (low > aLeast) return low;
     return high > aLeast ? high : std::nan("");
   }

@@ -9,7 +9,8 @@ bool TMouseFilterOf<TCoordinate>::FilterMouseMove(const void* /*Sender*/, TZORSh
                                                   TCoordinate Y) {
   if (!FEnabled) return true;
   const Int64 now = Elapsed();
-  if (FLastPosition != None && now - FLastUpdateTime < FMinTimeBetweenUpdates && IsNear(X, Y)) return false;
+  if (FLastPosition != NoPosition && now - FLastUpdateTime < FMinTimeBetweenUpdates && IsNear(X, Y))
+    return false;
   FLastPosition = {X, Y};
   FLastUpdateTime = now;
   return true;
@@ -17,7 +18,7 @@ bool TMouseFilterOf<TCoordinate>::FilterMouseMove(const void* /*Sender*/, TZORSh
 
 template <class TCoordinate>
 void TMouseFilterOf<TCoordinate>::ResetPos() {
-  FLastPosition = None;
+  FLastPosition = NoPosition;
   FLastUpdateTime = Elapsed();
 }
 

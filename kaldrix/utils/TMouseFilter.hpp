@@ -28,12 +28,12 @@ class TMouseFilterOf {
     bool operator==(const TPosition&) const = default;
   };
   /// Stands for no position yet.
-  static constexpr TPosition None{-1, -1};
+  static constexpr TPosition NoPosition{-1, -1};
 
   Int64 Elapsed() const;
   bool IsNear(TCoordinate X, TCoordinate Y) const;
 
-  TPosition FLastPosition = None;
+  TPosition FLastPosition = NoPosition;
   Int64 FLastUpdateTime = 0;           ///< milliseconds of FStopwatch
   Int64 FMinTimeBetweenUpdates = 50;   ///< milliseconds
   int FMinDistanceBetweenUpdates = 5;  ///< in the unit of the positions

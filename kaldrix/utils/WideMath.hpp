@@ -13,7 +13,7 @@ namespace Zor::inline Utils {
 __extension__ using Int128 = __int128;
 
 /// b - a, held inside ±(2^63 - 1): two products of such values always add up inside 128 bits.
-inline Int64 Span(Int64 a, Int64 b) { return std::max(SubHeld(b, a), -INT64_MAX); }
+inline Int64 Span(Int64 a, Int64 b) { return (std::max)(SubHeld(b, a), -INT64_MAX); }
 
 inline bool FitsInt64(Int128 aValue) { return aValue == static_cast<Int64>(aValue); }
 
@@ -74,7 +74,9 @@ inline Int64 OffsetRound(Int64 aFrom, double aOffset) {
 }
 
 /// Inclusive, `a` and `b` in either order.
-inline bool WideInRange(Int128 v, Int128 a, Int128 b) { return std::min(a, b) <= v && v <= std::max(a, b); }
+inline bool WideInRange(Int128 v, Int128 a, Int128 b) {
+  return (std::min)(a, b) <= v && v <= (std::max)(a, b);
+}
 
 /// Whether all of them are within ±2^aBits.
 inline bool AllWithin(int aBits, std::initializer_list<Int64> aValues) {

@@ -47,7 +47,7 @@ TEST_F(DiagramProgram, TellsDiagnosticsWithFileAndLine) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.text, line);
     EXPECT_TRUE(FileExists(output));
-    DeleteFile(output);
+    RemoveFile(output);
     outcome = Kaldrix("diagram --strict '" + file + "' -o '" + output + "'");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.text, line);

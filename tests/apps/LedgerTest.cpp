@@ -147,7 +147,7 @@ TEST_F(LedgerTest, MissingFilesOfFinishedPartsAreWrittenAgain) {
   ASSERT_EQ(Session("--part 2").status, 0);
   const std::string second = ReadFile(File("tags-0002.pdf"));
   KeepParts(2);
-  for (const char* part : {"tags-0002.pdf", "tags-0003.pdf"}) DeleteFile(File(part));
+  for (const char* part : {"tags-0002.pdf", "tags-0003.pdf"}) RemoveFile(File(part));
   ExpectTold(Resume(), "tags-0002.pdf: this file of a finished part was missing");
   EXPECT_EQ(ReadFile(File("tags-0002.pdf")), second);
   EXPECT_NE(Texts("tags-0003.pdf").find("A-00012"), std::string::npos);
@@ -155,7 +155,7 @@ TEST_F(LedgerTest, MissingFilesOfFinishedPartsAreWrittenAgain) {
   const std::string pages = "--part 4 --manifest " + File("pages");
   ASSERT_EQ(Print("page.svg", pages).status, 0);
   const std::string third = ReadFile(File("page-0003.svg"));
-  DeleteFile(File("page-0003.svg"));
+  RemoveFile(File("page-0003.svg"));
   const TOutcome again = Print("page.svg", "--resume " + pages);
   ExpectTold(again, "page-0003.svg: this file");
   EXPECT_EQ(again.text.find("page-0002"), std::string::npos) << again.text;

@@ -59,7 +59,7 @@ TEST_F(PrintSourceTest, ColumnsAreFoundByTheirNames) {
                 "there is no field 'Name'; there are 'Field1', 'Field2', 'Field3', 'Field4'");
   Write("list.csv", "Town;Number;Name\nOslo;1;Ann\n");
   ExpectFailure(Print(""), "there is no field 'City'; there are 'Town', 'Name', 'Number'");
-  DeleteFile(File("list.csv"));
+  RemoveFile(File("list.csv"));
   Write("lists.csv", "");
   ExpectFailure(Print(""), "list.csv: there is no such file; there is 'lists.csv'; " + File("own.json"));
 }

@@ -38,7 +38,7 @@ TEST_F(ProgramTest, ClosedStreamsTakeNothingThatStandsInFiles) {
   ASSERT_EQ(Kaldrix("export " + price + " -o " + output).status, 0);
   const std::string whole = ReadFile(output);
   for (const char* closed : {" >&-", " 2>&-", " <&-", " <&- >&- 2>&-"}) {
-    DeleteFile(output);
+    RemoveFile(output);
     // Standard error is closed in a shell of its own: the test reads this one's.
     EXPECT_EQ(Shell("(" KALDRIX_PROGRAM " export " + price + " -o " + output + closed + ")").status, 0);
     EXPECT_TRUE(ReadFile(output) == whole) << closed;
@@ -96,7 +96,7 @@ TEST_F(ProgramTest, NamesAreShownSafelyAndWorkWhateverTheirBytes) {
   EXPECT_EQ(Kaldrix("info 'none\x1B[31m\nkaldrix: fine'").text,
             "kaldrix: File not found: none\\x1B[31m\\nkaldrix: fine\n");
   const std::string odd = File("Stra\xDFz");
-  CopyFile(Example("price-label.json"), odd + ".json");
+  CopyFileAtomically(Example("price-label.json"), odd + ".json");
   EXPECT_EQ(Kaldrix("export " + odd + ".json -o " + odd + ".svg").status, 0);
   EXPECT_TRUE(FileExists(odd + ".svg"));
   EXPECT_NE(Kaldrix("info " + odd).text.find("Stra\\xDFz"), std::string::npos);

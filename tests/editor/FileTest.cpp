@@ -223,7 +223,7 @@ TEST(FileTest, SavingReplacesTheFileWhole) {
   TBareLabel again;
   again.LoadFromFile(name);
   EXPECT_EQ(again.GetItemsCount(), 1);
-  DeleteFile(name);
+  RemoveFile(name);
   try {
     again.LoadFromFile(name);
     FAIL() << "a missing file was read";

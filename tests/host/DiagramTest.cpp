@@ -129,7 +129,7 @@ TEST(Diagram, FilesAreReadInUtf8AndElseInWindows1252) {
     EXPECT_TRUE(document.LoadFromDiagram(file, dgAuto));
     EXPECT_EQ(NodeOf(document, "Gr\xC3\xBC\xC3\x9F").fFlowType, ftProcess);
   }
-  DeleteFile(file);
+  RemoveFile(file);
 }
 
 // Random flow charts ------------------------------------------------------------------

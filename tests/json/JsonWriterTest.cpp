@@ -66,7 +66,7 @@ TEST(JsonWriter, FilesAndStreamsGoRound) {
   tree->SaveToFile(file, false);
   EXPECT_EQ(ReadFile(file), tree->ToJSON(false));
   EXPECT_EQ(TJsonBaseObject::ParseFromFile(file)->ToJSON(), tree->ToJSON());
-  DeleteFile(file);
+  RemoveFile(file);
   std::stringstream stream;
   tree->SaveToStream(stream);
   TJsonObject read;

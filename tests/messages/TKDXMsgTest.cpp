@@ -16,7 +16,7 @@ namespace {
 class TKDXMsgTest : public testing::Test {
  protected:
   ~TKDXMsgTest() override {
-    DeleteFile(fFile);
+    RemoveFile(fFile);
     TKDXMsg::LoadResources("");
   }
   void Load(std::string_view aText) {

@@ -44,7 +44,7 @@ TEST_F(FilesTest, WritesWholeFilesAndLeavesNothingBeside) {
   WriteFileAtomically(In("a"), "old content");
   WriteFileAtomically(In("a"), bytes);
   EXPECT_EQ(ReadFile(In("a")), bytes);
-  CopyFile(In("a"), In("b"));
+  CopyFileAtomically(In("a"), In("b"));
   EXPECT_EQ(ReadFile(In("b")), bytes);
   EXPECT_EQ(EntryCount(), 2);
 }
@@ -216,8 +216,8 @@ TEST_F(FilesTest, KnowsFilesFromFolders) {
   EXPECT_FALSE(FileExists(""));
   EXPECT_TRUE(DirectoryExists(fFolder));
   EXPECT_FALSE(DirectoryExists(In("a")));
-  DeleteFile(In("a"));
-  DeleteFile(In("a"));
+  RemoveFile(In("a"));
+  RemoveFile(In("a"));
   EXPECT_FALSE(FileExists(In("a")));
 }
 

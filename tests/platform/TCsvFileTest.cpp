@@ -68,7 +68,7 @@ TEST(TCsvFile, OnlyTheDelimiterSeparates) {
   };
   for (const TCase& c : cases) {
     TCsvFile file("f", c.line);
-    file.SetForm(c.form);
+    file.SetCsvForm(c.form);
     EXPECT_EQ(ColumnsOf(file, 1), c.columns) << c.line;
     EXPECT_EQ(file.Column(99), "");
     EXPECT_EQ(file.RawColumn(1, 99), "");
@@ -201,7 +201,7 @@ TEST(TCsvFile, ALargeFileReadsAsItsBytesDo) {
   }
   WriteFileAtomically(name, bytes + "more");
   EXPECT_EQ(file->Line(1), "0;") << "what replaced the file is another one";
-  DeleteFile(name);
+  RemoveFile(name);
 }
 
 TEST(TCsvFile, AFileThatShrinksIsNoticed) {
@@ -211,7 +211,7 @@ TEST(TCsvFile, AFileThatShrinksIsNoticed) {
   EXPECT_EQ(file->Line(2), "end");
   std::ofstream(name, std::ios::trunc) << "short";
   EXPECT_THROW(file->Line(1), EStreamError);
-  DeleteFile(name);
+  RemoveFile(name);
 }
 
 }  // namespace

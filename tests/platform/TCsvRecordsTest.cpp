@@ -13,7 +13,7 @@ using TTable = std::vector<TTexts>;
 
 std::unique_ptr<TCsvFile> Records(const std::string& aBytes, const TCsvForm& aForm = {}) {
   std::unique_ptr<TCsvFile> file = TCsvFile::OfRecords("f", TFileWindow(aBytes), tcUtf8);
-  file->SetForm(aForm);
+  file->SetCsvForm(aForm);
   return file;
 }
 

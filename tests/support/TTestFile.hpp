@@ -22,7 +22,7 @@ class TTestFile {
   }
   TTestFile(const TTestFile&) = delete;
   TTestFile& operator=(const TTestFile&) = delete;
-  ~TTestFile() { DeleteFile(fName); }
+  ~TTestFile() { RemoveFile(fName); }
 
   const std::string& Name() const { return fName; }
 
