@@ -5,7 +5,7 @@
 #include "apps/kaldrix/BarcodeTypes.hpp"
 #include "apps/kaldrix/Command.hpp"
 #include "apps/kaldrix/OutputFormat.hpp"
-#include "host/TKDXLabel.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 
 namespace Zor::Program {
 

@@ -3,8 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include "apps/kaldrix/Streams.hpp"
-#include "host/TKDXLabel.hpp"
 #include "kaldrix/editor/DocumentCheck.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 
 namespace Zor::Program {
 

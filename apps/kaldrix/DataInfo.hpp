@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/TKDXLabel.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 
 namespace Zor::Program {

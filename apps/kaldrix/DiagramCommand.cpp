@@ -5,9 +5,9 @@
 
 #include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
-#include "host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/diagrams/DiagramToJson.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
+#include "kaldrix/host/diagrams/DiagramLoader.hpp"
 
 namespace Zor::Program {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "host/TKDXLabel.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 
 namespace Zor::Program {
 

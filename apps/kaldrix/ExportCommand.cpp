@@ -6,7 +6,7 @@
 #include "apps/kaldrix/Documents.hpp"
 #include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
-#include "host/LiteralCodes.hpp"
+#include "kaldrix/host/LiteralCodes.hpp"
 
 namespace Zor::Program {
 

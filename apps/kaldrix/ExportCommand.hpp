@@ -4,7 +4,7 @@
 
 #include "apps/kaldrix/Command.hpp"
 #include "apps/kaldrix/OutputFormat.hpp"
-#include "host/Export.hpp"
+#include "kaldrix/host/Export.hpp"
 
 namespace Zor::Program {
 

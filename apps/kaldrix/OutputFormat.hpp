@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/Export.hpp"
+#include "kaldrix/host/Export.hpp"
 
 namespace CLI {
 class App;

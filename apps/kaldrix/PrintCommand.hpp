@@ -6,7 +6,7 @@
 #include "apps/kaldrix/Command.hpp"
 #include "apps/kaldrix/PrintSource.hpp"
 #include "apps/kaldrix/ProgressLine.hpp"
-#include "host/TRunWriter.hpp"
+#include "kaldrix/host/TRunWriter.hpp"
 
 namespace Zor::Program {
 

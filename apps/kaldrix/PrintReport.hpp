@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "host/TRunWriter.hpp"
+#include "kaldrix/host/TRunWriter.hpp"
 
 namespace Zor::Program {
 

@@ -5,7 +5,7 @@
 
 #include "apps/kaldrix/SourceFile.hpp"
 #include "apps/kaldrix/Streams.hpp"
-#include "host/TSqliteDataSet.hpp"
+#include "kaldrix/host/TSqliteDataSet.hpp"
 #include "kaldrix/platform/CheckSum.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"

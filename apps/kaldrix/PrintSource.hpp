@@ -6,7 +6,7 @@
 #include <string>
 
 #include "apps/kaldrix/CsvOptions.hpp"
-#include "host/TKDXLabel.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/json/TJsonFile.hpp"
 #include "kaldrix/platform/TDataSet.hpp"
 #include "kaldrix/platform/TFileSet.hpp"

@@ -8,8 +8,8 @@
 #include <limits>
 #include <memory>
 
-#include "host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
+#include "kaldrix/host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/platform/Files.hpp"
 
 namespace {

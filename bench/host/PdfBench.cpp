@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "host/TShaper.hpp"
-#include "host/TSurface.hpp"
+#include "kaldrix/host/TShaper.hpp"
+#include "kaldrix/host/TSurface.hpp"
 
 namespace {
 

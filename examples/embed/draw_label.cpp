@@ -1,8 +1,8 @@
 // Builds a label and writes it as SVG: draw_label OUTPUT.svg
 #include <iostream>
 
-#include "host/TKDXLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 
 int main(int argc, char** argv) {

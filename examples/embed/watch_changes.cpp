@@ -1,7 +1,7 @@
 // Listens to a document while it is edited and while the edits are taken back.
 #include <iostream>
 
-#include "host/TKDXLabel.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 
 namespace {
 

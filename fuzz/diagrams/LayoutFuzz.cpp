@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <span>
 
-#include "host/diagrams/FishboneLayout.hpp"
-#include "host/diagrams/LayeredLayout.hpp"
-#include "host/diagrams/TreeLayout.hpp"
+#include "kaldrix/host/diagrams/FishboneLayout.hpp"
+#include "kaldrix/host/diagrams/LayeredLayout.hpp"
+#include "kaldrix/host/diagrams/TreeLayout.hpp"
 
 namespace {
 

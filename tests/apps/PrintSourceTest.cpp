@@ -3,9 +3,9 @@
 #include <fstream>
 
 #include "apps/Program.hpp"
-#include "host/TKDXLabel.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/Files.hpp"
 

@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "apps/Program.hpp"
-#include "host/TKDXLabel.hpp"
 #include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/platform/Files.hpp"
 
 namespace Zor {

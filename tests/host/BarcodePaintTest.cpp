@@ -1,7 +1,7 @@
 // Barcodes as the host paints them: independent readers find them in PNG and in rendered PDF files.
 #include <gtest/gtest.h>
 
-#include "host/Export.hpp"
+#include "kaldrix/host/Export.hpp"
 #include "tests/host/Drawings.hpp"
 #include "tests/host/Rendered.hpp"
 #include "tests/support/SymbolImage.hpp"

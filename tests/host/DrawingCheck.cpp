@@ -1,4 +1,4 @@
-#include "host/DrawingCheck.hpp"
+#include "kaldrix/host/DrawingCheck.hpp"
 
 #include <algorithm>
 #include <array>

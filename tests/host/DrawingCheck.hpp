@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/TKDXLabel.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/items/TKDXBaseLink.hpp"
 
 namespace Zor::Testing {

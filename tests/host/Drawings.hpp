@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "host/TKDXLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 
 namespace Zor::Testing {
 

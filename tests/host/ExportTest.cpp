@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "host/Export.hpp"
-#include "host/PngWriter.hpp"
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
+#include "kaldrix/host/Export.hpp"
+#include "kaldrix/host/PngWriter.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "tests/host/Drawings.hpp"
 #include "tests/host/Rendered.hpp"

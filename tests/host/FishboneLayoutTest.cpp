@@ -2,8 +2,8 @@
 
 #include <random>
 
-#include "host/LayoutChecks.hpp"
-#include "host/diagrams/FishboneLayout.hpp"
+#include "kaldrix/host/LayoutChecks.hpp"
+#include "kaldrix/host/diagrams/FishboneLayout.hpp"
 
 namespace Zor {
 namespace {

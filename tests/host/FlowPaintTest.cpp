@@ -1,7 +1,7 @@
 // The layout of texts in flow nodes, and their pictures.
 #include <gtest/gtest.h>
 
-#include "host/Export.hpp"
+#include "kaldrix/host/Export.hpp"
 #include "tests/host/Drawings.hpp"
 #include "tests/host/Rendered.hpp"
 

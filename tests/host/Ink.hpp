@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/TSurface.hpp"
+#include "kaldrix/host/TSurface.hpp"
 
 namespace Zor::Testing {
 

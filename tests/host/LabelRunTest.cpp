@@ -1,12 +1,12 @@
 // Sheets of labels that data fill, as they are exported.
 #include <gtest/gtest.h>
 
-#include "host/Export.hpp"
-#include "host/TSqliteDataSet.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/host/Export.hpp"
+#include "kaldrix/host/TSqliteDataSet.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "support/TTestFile.hpp"
 #include "tests/host/Rendered.hpp"

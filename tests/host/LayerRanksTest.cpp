@@ -4,7 +4,7 @@
 #include <climits>
 #include <random>
 
-#include "host/diagrams/LayerRanks.hpp"
+#include "kaldrix/host/diagrams/LayerRanks.hpp"
 
 namespace Zor {
 namespace {

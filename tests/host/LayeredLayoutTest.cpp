@@ -3,8 +3,8 @@
 #include <cmath>
 #include <random>
 
-#include "host/LayoutChecks.hpp"
-#include "host/diagrams/LayeredLayout.hpp"
+#include "kaldrix/host/LayoutChecks.hpp"
+#include "kaldrix/host/diagrams/LayeredLayout.hpp"
 
 namespace Zor {
 namespace {

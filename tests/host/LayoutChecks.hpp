@@ -7,7 +7,7 @@
 #include <numeric>
 #include <string>
 
-#include "host/diagrams/TScene.hpp"
+#include "kaldrix/host/diagrams/TScene.hpp"
 
 namespace Zor {
 

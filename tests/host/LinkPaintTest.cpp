@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/Export.hpp"
+#include "kaldrix/host/Export.hpp"
 #include "tests/host/Drawings.hpp"
 #include "tests/host/Rendered.hpp"
 

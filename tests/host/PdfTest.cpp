@@ -6,8 +6,8 @@
 #include <limits>
 #include <numbers>
 
-#include "host/PngWriter.hpp"
-#include "host/TSurface.hpp"
+#include "kaldrix/host/PngWriter.hpp"
+#include "kaldrix/host/TSurface.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "tests/host/Rendered.hpp"
 

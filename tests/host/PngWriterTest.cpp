@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "host/PngWriter.hpp"
-#include "host/TImageLoader.hpp"
-#include "host/TSurface.hpp"
+#include "kaldrix/host/PngWriter.hpp"
+#include "kaldrix/host/TImageLoader.hpp"
+#include "kaldrix/host/TSurface.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 
 namespace Zor {

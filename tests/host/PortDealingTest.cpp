@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "host/diagrams/FlowShapes.hpp"
-#include "host/diagrams/LayeredLayout.hpp"
-#include "host/diagrams/PortDealing.hpp"
+#include "kaldrix/host/diagrams/FlowShapes.hpp"
+#include "kaldrix/host/diagrams/LayeredLayout.hpp"
+#include "kaldrix/host/diagrams/PortDealing.hpp"
 
 namespace Zor {
 namespace {

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <string>
 
-#include "host/TImageLoader.hpp"
+#include "kaldrix/host/TImageLoader.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "tests/host/Ink.hpp"
 

@@ -2,8 +2,8 @@
 
 #include <random>
 
-#include "host/LayoutChecks.hpp"
-#include "host/diagrams/SequenceLayout.hpp"
+#include "kaldrix/host/LayoutChecks.hpp"
+#include "kaldrix/host/diagrams/SequenceLayout.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 
 namespace Zor {

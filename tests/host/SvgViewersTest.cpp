@@ -1,10 +1,10 @@
 // What strangers make of the SVG: the same picture as PNG and PDF show.
 #include <gtest/gtest.h>
 
-#include "host/Export.hpp"
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
+#include "kaldrix/host/Export.hpp"
 #include "tests/host/Drawings.hpp"
 #include "tests/host/Rendered.hpp"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/TFontEngine.hpp"
+#include "kaldrix/host/TFontEngine.hpp"
 
 namespace Zor {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/TShaper.hpp"
+#include "kaldrix/host/TShaper.hpp"
 
 namespace Zor {
 namespace {

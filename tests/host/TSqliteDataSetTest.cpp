@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include "host/TSqliteDataSet.hpp"
+#include "kaldrix/host/TSqliteDataSet.hpp"
 #include "support/TTestFile.hpp"
 
 namespace Zor {

@@ -8,7 +8,7 @@
 #include <limits>
 #include <numbers>
 
-#include "host/TSurface.hpp"
+#include "kaldrix/host/TSurface.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "tests/host/Ink.hpp"
 

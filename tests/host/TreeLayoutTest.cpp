@@ -2,8 +2,8 @@
 
 #include <random>
 
-#include "host/LayoutChecks.hpp"
-#include "host/diagrams/TreeLayout.hpp"
+#include "kaldrix/host/LayoutChecks.hpp"
+#include "kaldrix/host/diagrams/TreeLayout.hpp"
 
 namespace Zor {
 namespace {
