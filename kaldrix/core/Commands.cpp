@@ -118,18 +118,29 @@ TKDXCmd::TKDXCmd(int aKind, TKDXBaseItem& aReceiver, int aIndex)
       fUndRedID(aReceiver.Document().UnReID()),
       fID(aReceiver.fInID),
       fItem(&aReceiver),
-      fGoneItems(aReceiver.Document().GoneItems()) {}
+      fGoneItems(aReceiver.Document().GoneItems()),
+      fDrawing(aReceiver.Document().Drawing()) {}
 
 void TKDXCmd::FetchState() const { Fetch(fItem, sizeof(TKDXBaseItem)); }
 
+bool TKDXCmd::IsAbout(const TKDXBaseItem& aItem) const {
+  return fID == aItem.fInID && fDrawing == fDocument->Drawing();
+}
+
+void TKDXCmd::TakeReceiver(const TKDXBaseItem& aItem) {
+  fID = aItem.fInID;
+  fDrawing = fDocument->Drawing();
+}
+
 TKDXBaseItem* TKDXCmd::Receiver() const {
+  if (fDrawing != fDocument->Drawing()) return nullptr;
   if (fGoneItems == fDocument->GoneItems() && fItem->fInID == fID) return fItem;
   return fDocument->SearchItem(fID, false);
 }
 
 bool TKDXCmd::CheckLastProp(int aKind, const TKDXBaseItem& aReceiver, int aIndex) {
   const TKDXCmd* top = aReceiver.Document().ActiveStack().Top();
-  return top != nullptr && top->fID == aReceiver.fInID && top->fKind == aKind && top->fIndex == aIndex;
+  return top != nullptr && top->IsAbout(aReceiver) && top->fKind == aKind && top->fIndex == aIndex;
 }
 
 bool TKDXCmd::IsRecording(const TKDXBaseItem& aItem) {
@@ -204,14 +215,19 @@ void TKDXDeleteCmd::AddCommand(TKDXBaseItem& aItem) {
   if (IsRecording(aItem)) Push(std::unique_ptr<TKDXCmd>(new TKDXDeleteCmd(aItem)));
 }
 
+void TKDXDeleteCmd::BringBack() {
+  fDocument->CreateElementFromStream(fStream);
+  if (!fDocument->fItems.IsEmpty()) fDocument->HandOver(*this, *fDocument->fItems.Last());
+}
+
 void TKDXDeleteCmd::Undo() {
   const TRunning running(*fDocument, false);
-  fDocument->CreateElementFromStream(fStream);
+  BringBack();
 }
 
 void TKDXDeleteCmd::Redo() {
   const TRunning running(*fDocument, true);
-  fDocument->CreateElementFromStream(fStream);
+  BringBack();
 }
 
 // TKDXPosCmd --------------------------------------------------

@@ -4,7 +4,9 @@
 // A command is recorded just before the change, by (kind, index), and restored through the same setter that
 // made the change: what that setter records lands on the opposite stack, so that redo needs no code of its
 // own. Commands keep the identity of their item and look it up when they run; one whose item is gone does
-// nothing.
+// nothing. When all items are cleared and the stacks stay, identities begin again: the commands are then
+// about another drawing, meet no item of the new one, and wake only when an undo or redo brings their item
+// back.
 #pragma once
 
 #include <span>
@@ -29,6 +31,12 @@ class TKDXCmd {
 
   /// The item, or none when it is gone.
   TKDXBaseItem* Receiver() const;
+  bool IsAbout(const TKDXBaseItem& aItem) const;
+  bool IsAboutTheSame(const TKDXCmd& aOther) const {
+    return fID == aOther.fID && fDrawing == aOther.fDrawing;
+  }
+  /// From now on the command is about this item.
+  void TakeReceiver(const TKDXBaseItem& aItem);
   /// Is the top of the active stack a command of this kind and index about this item? Then its older value
   /// stands.
   static bool CheckLastProp(int aKind, const TKDXBaseItem& aReceiver, int aIndex);
@@ -43,6 +51,7 @@ class TKDXCmd {
   // While no item of the document goes, the item stands where it stood.
   TKDXBaseItem* const fItem;
   const unsigned fGoneItems;
+  unsigned fDrawing;  ///< of the document, see TKDXBaseLabel::Drawing
 
  protected:
   class TRunning;
@@ -158,6 +167,7 @@ class TKDXDeleteCmd final : public TKDXCmd {
 
  private:
   explicit TKDXDeleteCmd(TKDXBaseItem& aItem);
+  void BringBack();
 
   std::string fStream;  ///< format version, then the item's record
 };

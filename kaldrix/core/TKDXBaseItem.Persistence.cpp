@@ -137,10 +137,20 @@ void TKDXBaseItem::TakeIdentity(int aInID, std::string aID, TZORReadType aReadTy
   if (aReadType == rdPaste) {
     aInID = fOwner->NextID();
     aID = StartName(fItemType, aInID);
-  } else if (fOwner->IsReading() && aInID > MaxIdentity) {
+  } else if (!fOwner->IsReading()) {
+    if (aReadType == rdNormal) KeepIdentityFree(aInID, aID);
+  } else if (aInID > MaxIdentity) {
     throw Exception("\"InID\": " + std::to_string(aInID) + " is above " + std::to_string(MaxIdentity));
   }
   fOwner->ChangeIdentity(*this, aInID, std::move(aID));
+}
+
+void TKDXBaseItem::KeepIdentityFree(int& aInID, std::string& aID) const {
+  const TKDXBaseItem* holder = fOwner->SearchItem(aInID, false);
+  if (holder == nullptr || holder == this) return;
+  // A name that tells the identity follows it; one that a user gave stays.
+  if (aID == StartName(fItemType, aInID)) aID = StartName(fItemType, fInID);
+  aInID = fInID;
 }
 
 // JSON --------------------------------------------------

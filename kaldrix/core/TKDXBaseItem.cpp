@@ -18,7 +18,7 @@
 namespace Zor::inline Base {
 
 TKDXBaseItem::TKDXBaseItem(TKDXBaseLabel& aOwner, TZORItemType aType, bool aPreview)
-    : fLayer(aOwner.fLayers.First()), fOwner(&aOwner), fItemType(aType) {
+    : fLayer(aOwner.LayerAt(0)), fOwner(&aOwner), fItemType(aType) {
   Enter(aPreview);
 }
 
@@ -28,7 +28,7 @@ TKDXBaseItem::TKDXBaseItem(TKDXBaseLabel& aOwner, TZORItemType aType, TKDXLayer&
 }
 
 TKDXBaseItem::~TKDXBaseItem() {
-  if (fListed) fOwner->Forget(*this);
+  if (fListed) fOwner->Unmake(*this);
 }
 
 void TKDXBaseItem::Enter(bool aPreview) {

@@ -301,6 +301,8 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   void RecordOwnPoints(TRecord& r);
   void RecordLayer(TRecord& r);
   void TakeIdentity(int aInID, std::string aID, TZORReadType aReadType);
+  /// An item that an undo brings back keeps the identity of its making where another item has its own.
+  void KeepIdentityFree(int& aInID, std::string& aID) const;
   void ReadJsonPoints(TJsonArray& aPoints);
   void UpdateAfterPoint();
 

@@ -92,14 +92,11 @@ void TKDXBaseLabel::ReadData(TBinaryReader& bR) {
 }
 
 TKDXBaseItem& TKDXBaseLabel::ReadItem(int aVersion, TBinaryReader& bR, TZORReadType aReadType) {
-  TKDXBaseItem& item = MakeStoredItem(bR.ReadInt32());
-  try {
+  return *Whole([&] {
+    TKDXBaseItem& item = MakeStoredItem(bR.ReadInt32());
     item.ReadData(aVersion, bR, aReadType);
-  } catch (...) {
-    Free(item);
-    throw;
-  }
-  return item;
+    return &item;
+  });
 }
 
 void TKDXBaseLabel::CopySelection() {

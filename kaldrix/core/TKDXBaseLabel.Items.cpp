@@ -44,6 +44,28 @@ void TKDXBaseLabel::Forget(TKDXBaseItem& aItem) {
   fItems.Extract(&aItem);
 }
 
+void TKDXBaseLabel::Unmake(TKDXBaseItem& aItem) {
+  const TKDXCmd* top = ActiveStack().Top();
+  if (top != nullptr && top->fKind == TKDXCreateCmd::Kind && top->IsAbout(aItem)) ActiveStack().Pop();
+  Forget(aItem);
+}
+
+TKDXBaseLabel::TMark TKDXBaseLabel::Mark() const {
+  return {fItems.Count(), fUndo.Count(), fRedo.Count(), fMaxID, fUnReID, fModified, fStates};
+}
+
+void TKDXBaseLabel::BackTo(const TMark& aMark) {
+  while (fItems.Count() > aMark.items) Free(*fItems.Last());
+  const bool recorded = fUndo.Count() > aMark.undo || fRedo.Count() > aMark.redo;
+  fUndo.Shrink(aMark.undo);
+  fRedo.Shrink(aMark.redo);
+  fMaxID = aMark.maxID;
+  fUnReID = aMark.unReID;
+  fModified = aMark.modified;
+  fStates = aMark.states;
+  if (recorded) FireUndoRedoEvent();
+}
+
 void TKDXBaseLabel::Free(TKDXBaseItem& aItem) {
   Forget(aItem);
   delete &aItem;
@@ -54,6 +76,9 @@ void TKDXBaseLabel::FreeAll(TOwnedList<TKDXBaseItem>& aList) {
   if (&aList == &fItems) {
     fNotices.ForgetItems();
     fIndex.Clear();
+    for (TKDXBaseItem* item : fCalcs) {
+      if (item != nullptr) item->fPending = false;
+    }
     fCalcs.clear();
     fHasLinks = false;
   }
@@ -73,15 +98,16 @@ TKDXBaseItem& TKDXBaseLabel::MakeStoredItem(Int64 aOrdinal) {
 }
 
 void TKDXBaseLabel::ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID) {
-  const int former = aItem.fInID;
+  // The command that recorded the item's creation knows it by the identity that it had then.
+  TKDXCmd* top = ActiveStack().Top();
+  const bool created = top != nullptr && top->fKind == TKDXCreateCmd::Kind && top->IsAbout(aItem);
   if (!aItem.fFromPreview) fIndex.BeforeChange(aItem);
   aItem.fInID = aInID;
   aItem.fID = std::move(aID);
   if (!aItem.fFromPreview) fIndex.AfterChange(aItem);
-  fMaxID = std::max(fMaxID, aInID);
-  // The command that recorded the item's creation knows it by the identity that it had then.
-  TKDXCmd* top = ActiveStack().Top();
-  if (top != nullptr && top->fKind == TKDXCreateCmd::Kind && top->fID == former) top->fID = aInID;
+  // The end of reading goes one further by itself.
+  fMaxID = std::max(fMaxID, IsReading() ? aInID : aInID + 1);
+  if (created) top->TakeReceiver(aItem);
 }
 
 // Looking up --------------------------------------------------

@@ -125,14 +125,11 @@ void TKDXBaseLabel::ReadJson(TJsonObject& aJson) {
 }
 
 TKDXBaseItem& TKDXBaseLabel::ReadJsonItem(int aVersion, TJsonObject& aJson) {
-  TKDXBaseItem& item = MakeStoredItem(GetWhole(aJson, "Type"));
-  try {
+  return *Whole([&] {
+    TKDXBaseItem& item = MakeStoredItem(GetWhole(aJson, "Type"));
     item.ReadJson(aVersion, aJson);
-  } catch (...) {
-    Free(item);
-    throw;
-  }
-  return item;
+    return &item;
+  });
 }
 
 void TKDXBaseLabel::ReadSymbol(TJsonObject& /*aJson*/) {

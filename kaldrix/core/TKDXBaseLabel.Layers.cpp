@@ -8,13 +8,26 @@
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Base {
 
+namespace {
+
+/// Where the active layer or style stands after another, or it itself, has gone; 0-based. The first takes
+/// over.
+int IndexAfterRemoval(int aActive, int aRemoved) {
+  if (aActive == aRemoved) return 0;
+  return aActive > aRemoved ? aActive - 1 : aActive;
+}
+
+}  // namespace
+
 TKDXLayer& TKDXBaseLabel::GetLayer(int aIndex) const { return *LayerAt(aIndex - 1); }
 
 TKDXLayer* TKDXBaseLabel::LayerAt(int aIndex) const {
+  if (fLayers.IsEmpty()) throw EInvalidOperation("The document has no layer");
   return aIndex < 0 || aIndex >= fLayers.Count() ? fLayers.First() : fLayers[aIndex];
 }
 
@@ -46,20 +59,37 @@ bool TKDXBaseLabel::SetActiveLayer(int aIdx) {
 
 bool TKDXBaseLabel::DeleteLayer(int aIdx) {
   if (aIdx < 2 || aIdx > fLayers.Count()) return false;
-  TKDXLayer* layer = fLayers[aIdx - 1];
-  for (TKDXBaseItem* item : fItems) {
-    if (item->fLayer == layer) item->fLayer = fLayers.First();
-  }
-  if (fActiveLayer == aIdx - 1) {
-    fActiveLayer = 0;
-  } else if (fActiveLayer > aIdx - 1) {
-    --fActiveLayer;
-  }
-  fLayers.Delete(layer);
+  RemoveLayer(aIdx - 1);
   SortItemsZLayer();
   CheckBackLayer();
   fModified = true;
   return true;
+}
+
+template <class TTest>
+void TKDXBaseLabel::MoveToLayer(TKDXLayer& aLayer, TTest aLeaves) {
+  for (const TOwnedList<TKDXBaseItem>* list : {&fItems, &fPreview}) {
+    for (TKDXBaseItem* item : *list) {
+      if (aLeaves(item->fLayer)) item->fLayer = &aLayer;
+    }
+  }
+}
+
+void TKDXBaseLabel::RemoveLayer(int aIndex) {
+  TKDXLayer* going = fLayers[aIndex];
+  if (fLayers.Count() > 1) {
+    MoveToLayer(*fLayers[aIndex == 0 ? 1 : 0], [=](const TKDXLayer* layer) { return layer == going; });
+  }
+  fLayers.Delete(going);
+  fActiveLayer = IndexAfterRemoval(fActiveLayer, aIndex);
+}
+
+void TKDXBaseLabel::RemoveLayersBehindFirst() {
+  if (fLayers.Count() < 2) return;
+  TKDXLayer* first = fLayers.First();
+  MoveToLayer(*first, [=](const TKDXLayer* layer) { return layer != first; });
+  fLayers.Truncate(1);
+  fActiveLayer = 0;
 }
 
 std::vector<std::string> TKDXBaseLabel::GetLayersNames() const {
@@ -128,11 +158,20 @@ bool TKDXBaseLabel::DeleteActiveDimStyle() {
   TKDXDimStyle* style = GetDimStyle(fActiveDimStyle + 1);
   if (style == nullptr) return false;
   if (style->fID == 1) throw Exception(TKDXMsg::GetErrorValue("DelDefStyle"));
-  for (TKDXBaseItem* item : fItems) item->ReplaceDimStyle(*style, *fDimStyles.First());
-  fDimStyles.Delete(style);
-  fActiveDimStyle = 0;
+  RemoveDimStyle(fActiveDimStyle);
   fModified = true;
   return true;
+}
+
+void TKDXBaseLabel::RemoveDimStyle(int aIndex) {
+  TKDXDimStyle* going = fDimStyles[aIndex];
+  if (fDimStyles.Count() > 1) {
+    TKDXDimStyle& heir = *fDimStyles[aIndex == 0 ? 1 : 0];
+    for (TKDXBaseItem* item : fItems) item->ReplaceDimStyle(*going, heir);
+    for (TKDXBaseItem* copy : fPreview) copy->ReplaceDimStyle(*going, heir);
+  }
+  fDimStyles.Delete(going);
+  fActiveDimStyle = IndexAfterRemoval(fActiveDimStyle, aIndex);
 }
 
 std::vector<std::string> TKDXBaseLabel::GetDimStylesNames() const {
@@ -155,7 +194,8 @@ void TKDXBaseLabel::Rotate(int aStep, void (TKDXBaseItem::*aTurn)()) {
   for (TKDXBaseItem* item : fItems) (item->*aTurn)();
   if (!fSelection.empty()) FillSelPoints();
   fModified = true;
-  fStates.Add(lsModified);
+  // Views take the new size at the end of the bracket.
+  fStates = fStates + TKaldrixStateOptions{lsModified, lsUpdateMeasure};
   EndUpdate();
   if (fOnLabelRotate) fOnLabelRotate(this);
 }

@@ -237,7 +237,12 @@ TKDXBaseItem& TKDXBaseLabel::MakePreviewCopy(const TKDXBaseItem& aItem, int aRow
   aItem.WriteData(writer);
   TBinaryReader reader(record);
   reader.ReadInt32();  // the kind
-  copy->ReadData(FormatVersion, reader, rdPreview);
+  try {
+    copy->ReadData(FormatVersion, reader, rdPreview);
+  } catch (...) {
+    Free(*copy);
+    throw;
+  }
   copy->PreviewPos(aCol, aRow);
   return *copy;
 }

@@ -24,6 +24,15 @@ int TKDXBaseLabel::UnReID() {
   return fIncUnReID ? fUnReID++ : fUnReID;
 }
 
+void TKDXBaseLabel::HandOver(const TKDXCmd& aCommand, const TKDXBaseItem& aItem) {
+  if (aCommand.IsAbout(aItem)) return;
+  for (const TUndoStack* stack : {&fUndo, &fRedo}) {
+    for (const std::unique_ptr<TKDXCmd>& other : *stack) {
+      if (other->IsAboutTheSame(aCommand)) other->TakeReceiver(aItem);
+    }
+  }
+}
+
 void TKDXBaseLabel::FireUndoRedoEvent() {
   if (!fOnUndoRedoEvent) return;
   Guarded([this] { fOnUndoRedoEvent(this, fUndo.IsEmpty(), fRedo.IsEmpty()); });

@@ -12,6 +12,7 @@
 #include "kaldrix/core/TKDXSettings.hpp"
 #include "kaldrix/core/TNoticeHold.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 
 namespace Zor::inline Base {
 
@@ -40,11 +41,21 @@ TKDXBaseLabel::~TKDXBaseLabel() {
 void TKDXBaseLabel::New() {
   Clear({cleAll}, true);
   fMeasure->Reset();
+  fAngle = ag0;
+  if (fLayers.IsEmpty()) new TKDXLayer(this);
+  if (fDimStyles.IsEmpty()) new TKDXDimStyle(this, "");
+  fLayers.First()->Reset();
+  fDimStyles.First()->Reset();
+  CheckBackLayer();
 }
 
 void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
   const TNoticeHold hold(*this);
   const auto takes = [aValue](TZORClear aPart) { return aValue.Has(cleAll) || aValue.Has(aPart); };
+  const bool lastLayer = aValue.Has(cleBaseLayer) && (takes(cleLayers) || fLayers.Count() < 2);
+  if (lastLayer && !takes(cleItems) && !fItems.IsEmpty()) {
+    throw EInvalidOperation("The items have no layer without the base layer: clear them too");
+  }
   bool hadContent = false;
   if (takes(cleUndoRedo)) {
     fUnReID = 0;
@@ -63,19 +74,22 @@ void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
   }
   if (takes(cleItems)) {
     hadContent = hadContent || !fItems.IsEmpty();
+    // Identities begin again: what the stacks keep is about items of another drawing.
+    if (!takes(cleUndoRedo)) ++fDrawing;
     fMaxID = 1;
     FreeAll(fItems);
   }
-  if (takes(clePreview)) ClearPreview();
+  if (takes(clePreview) || lastLayer) ClearPreview();
   if (aValue.Has(cleAll)) {
     fData->ClearSources();
-    fCalcs.clear();
+    fPageLabels.clear();
   }
-  if (takes(cleLayers)) fLayers.Truncate(1);
-  if (aValue.Has(cleBaseLayer)) fLayers.Truncate(0);
+  if (takes(cleLayers)) RemoveLayersBehindFirst();
+  if (aValue.Has(cleBaseLayer) && !fLayers.IsEmpty()) RemoveLayer(0);
+  if (takes(cleLayers) || aValue.Has(cleBaseLayer)) CheckBackLayer();
   if (takes(cleCounters)) fCounters.Clear();
-  if (takes(cleDimStyles)) fDimStyles.Truncate(1);
-  if (aValue.Has(cleBaseStyle)) fDimStyles.Truncate(0);
+  while (takes(cleDimStyles) && fDimStyles.Count() > 1) RemoveDimStyle(fDimStyles.Count() - 1);
+  if (aValue.Has(cleBaseStyle) && !fDimStyles.IsEmpty()) RemoveDimStyle(0);
   if (aValue.Has(cleValList)) fData->ClearListVal();
   if (aValue.Has(cleAskList)) fData->ClearAskList();
   ++fContentVersion;

@@ -78,10 +78,14 @@ class TKDXBaseLabel : public TComponent {
 
   // Lifecycle --------------------------------------------------
 
-  /// Back to an empty document with default measures.
+  /// Back to an empty document: no items, symbols, counters, data or undo steps, the texts and scale of the
+  /// measures as at first, not turned, and with one layer and one style, which stay the objects that they are
+  /// and look as new ones do. Mode, units, sizes, settings, surface, print info, folders and options stay.
   void New();
-  /// Removes what the set names; cleAll stands for all but the base layer and base style. With `aPaint`,
-  /// chSelect is sent when anything was selected or present.
+  /// Removes what the set names; cleAll stands for all but the base layer and base style, which are the first
+  /// ones. With `aPaint`, chSelect is sent when anything was selected or present.
+  /// Items on layers that go stand on the first layer that is left; without one preview copies go too, and
+  /// items that would be left raise EInvalidOperation, and nothing changes.
   void Clear(TZORClearOpts aValue, bool aPaint);
   /// Takes options, data, back surface, measures and folders of another document; items are not copied.
   void Assign(const TPersistent& aSource) override;
@@ -162,6 +166,9 @@ class TKDXBaseLabel : public TComponent {
   int NextID() { return fMaxID++; }
   /// Grows whenever items leave the document, round and round.
   unsigned GoneItems() const { return fGoneItems; }
+  /// Grows when all items are cleared while the undo stacks stay: identities begin again, and the commands
+  /// are about items of another drawing.
+  unsigned Drawing() const { return fDrawing; }
   /// Gives an item a name without a check, command or report: for constructors and readers.
   void Rename(TKDXBaseItem& aItem, std::string aID) { ChangeIdentity(aItem, aItem.fInID, std::move(aID)); }
   /// Frees the symbols that no item uses, except the first.
@@ -369,6 +376,9 @@ class TKDXBaseLabel : public TComponent {
   /// The stack that new commands go to: fRedo while an undo runs.
   TUndoStack& ActiveStack() { return fUndoing ? fRedo : fUndo; }
   void FireUndoRedoEvent();
+  /// An item came back, perhaps under another identity: the commands about the same item as `aCommand`
+  /// follow.
+  void HandOver(const TKDXCmd& aCommand, const TKDXBaseItem& aItem);
 
   // Diagrams --------------------------------------------------
 
@@ -533,6 +543,27 @@ class TKDXBaseLabel : public TComponent {
   /// Crossings are computed again; the editor's business.
   virtual void CheckIntersetions() {}
 
+  /// What to go back to when the making of items fails.
+  struct TMark {
+    int items, undo, redo, maxID, unReID;
+    bool modified;
+    TKaldrixStateOptions states;
+  };
+  TMark Mark() const;
+  /// Frees the items that came since, and takes their commands from the stacks.
+  void BackTo(const TMark& aMark);
+  /// Runs what makes items. When that raises, the document is as before: no item, no undo step.
+  template <class TMake>
+  auto Whole(TMake aMake) {
+    const TMark mark = Mark();
+    try {
+      return aMake();
+    } catch (...) {
+      BackTo(mark);
+      throw;
+    }
+  }
+
  private:
   friend class TKDXBaseItem;
   friend class TContentKeeper;
@@ -541,6 +572,8 @@ class TKDXBaseLabel : public TComponent {
   // An item comes, goes, or changes its name.
   void Enlist(TKDXBaseItem& aItem, bool aPreview);
   void Forget(TKDXBaseItem& aItem);
+  /// For an item whose constructor raised.
+  void Unmake(TKDXBaseItem& aItem);
   void Free(TKDXBaseItem& aItem);
   void MakeSatellites();
   /// An item of a kind that a file names by its ordinal.
@@ -591,6 +624,14 @@ class TKDXBaseLabel : public TComponent {
   }
   void Rotate(int aStep, void (TKDXBaseItem::*aTurn)());
   TKDXLayer* BoxLayer(bool& aMade);
+  /// Items and preview copies whose layer `aLeaves` accepts go to `aLayer`.
+  template <class TTest>
+  void MoveToLayer(TKDXLayer& aLayer, TTest aLeaves);
+  // 0-based. What stands on the layer, or has the style, takes the first that is left; so does the active
+  // one.
+  void RemoveLayer(int aIndex);
+  void RemoveDimStyle(int aIndex);
+  void RemoveLayersBehindFirst();
   void MakeBox(TKDXLayer& aLayer);
   void GoToLabel(int aLabel);
   void WalkTo(int aLabel);
@@ -610,6 +651,7 @@ class TKDXBaseLabel : public TComponent {
   TItemIndex fIndex;
   unsigned fGoneItems = 0;
   unsigned fContentVersion = 0;
+  unsigned fDrawing = 0;
   bool fHasLinks = false;    ///< may be true without any, never false with one
   bool fLinksStale = false;  ///< a node moved, came or went since the links were routed
   mutable TNameFinder fCounterFinder;

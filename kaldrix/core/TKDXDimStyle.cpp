@@ -6,6 +6,7 @@
 #include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXBaseLabel.hpp"
+#include "kaldrix/messages/ZOR.Msg.hpp"
 
 namespace Zor::inline Base {
 
@@ -41,6 +42,13 @@ TKDXDimStyle::TKDXDimStyle(TKDXBaseLabel* aOwner, const std::string& aName, bool
   if (aAssignId) AsignId();
   aOwner->fDimStyles.Adopt(this);
   TellOwner();
+}
+
+void TKDXDimStyle::Reset() {
+  auto* fresh = new TKDXDimStyle(fOwner, TKDXMsg::GetPropValue("Default"));
+  Assign(*fresh);
+  fOwner->fDimStyles.Delete(fresh);
+  fID = 1;
 }
 
 void TKDXDimStyle::Assign(const TPersistent& aSource) {

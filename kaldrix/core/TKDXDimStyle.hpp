@@ -24,6 +24,8 @@ class TKDXDimStyle final : public TPersistent {
   TKDXDimStyle(TKDXBaseLabel* aOwner, std::same_as<bool> auto aAssignId)
       : TKDXDimStyle(aOwner, {}, aAssignId) {}
 
+  /// Back to the values of the style that a new document has, its identity included.
+  void Reset();
   /// Takes all but the identity.
   void Assign(const TPersistent& aSource) override;
   /// Takes an identity that no other style of the document has: one above the largest.

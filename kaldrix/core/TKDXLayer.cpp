@@ -70,6 +70,15 @@ TKDXLayer::TKDXLayer(TKDXBaseLabel* aOwner, const std::string& aName, TAlphaColo
   aOwner->ContentChanged();
 }
 
+void TKDXLayer::Reset() {
+  auto* fresh = new TKDXLayer(fOwner);
+  Assign(*fresh);
+  fStrikeout = fresh->fStrikeout;
+  fImageType = fresh->fImageType;
+  fArrayB.clear();
+  fOwner->fLayers.Delete(fresh);
+}
+
 void TKDXLayer::Assign(const TPersistent& aSource) {
   const auto* source = dynamic_cast<const TKDXLayer*>(&aSource);
   if (source == nullptr) return TPersistent::Assign(aSource);

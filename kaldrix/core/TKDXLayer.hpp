@@ -24,6 +24,8 @@ class TKDXLayer final : public TPersistent {
   TKDXLayer(TKDXBaseLabel* aOwner, const std::string& aName, TAlphaColor aColor = ColorBlack,
             TAlphaColor aBackColor = ColorWhite);
 
+  /// Back to the values of a new layer.
+  void Reset();
   /// Takes all but strikeout, image type and image bytes.
   void Assign(const TPersistent& aSource) override;
 

@@ -19,4 +19,8 @@ std::unique_ptr<TKDXCmd> TUndoStack::Pop() {
 
 void TUndoStack::Clear() { fCommands.clear(); }
 
+void TUndoStack::Shrink(int aCount) {
+  while (Count() > aCount) fCommands.pop_back();
+}
+
 }  // namespace Zor::inline Base

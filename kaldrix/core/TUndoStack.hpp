@@ -23,9 +23,13 @@ class TUndoStack {
     return Count() > aDepth ? fCommands[fCommands.size() - 1 - static_cast<std::size_t>(aDepth)].get()
                             : nullptr;
   }
+  auto begin() const { return fCommands.begin(); }
+  auto end() const { return fCommands.end(); }
   void Push(std::unique_ptr<TKDXCmd> aCommand);
   std::unique_ptr<TKDXCmd> Pop();
   void Clear();
+  /// Frees the commands above so many.
+  void Shrink(int aCount);
   void Swap(TUndoStack& aOther) { fCommands.swap(aOther.fCommands); }
 
  private:

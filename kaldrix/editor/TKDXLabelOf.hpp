@@ -25,17 +25,15 @@
 namespace Zor::inline Base {
 
 /// A document whose concrete items come from one template: `TItem<TKDXBaseLine>` is a line that can be made,
-/// and so on. The template supplies DrawItem and PrintItem, and for texts the measuring. New items stand on
-/// the active layer.
+/// and so on. The template supplies what an item leaves open, see TBareLabel for the whole list. New items
+/// stand on the active layer. A factory that raises leaves no item and no undo step behind.
 template <template <class> class TItem>
 class TKDXLabelOf : public TKDXFileLabel {
  public:
   explicit TKDXLabelOf(TComponent* aOwner = nullptr) : TKDXFileLabel(aOwner) {}
 
   TItem<TKDXBaseText>* NewText(Int64 x, Int64 y) override {
-    auto* text = Make<TKDXBaseText>({{x, y}});
-    text->StateCalc();
-    return text;
+    return Make<TKDXBaseText>({{x, y}}, [](TKDXBaseText& text) { text.StateCalc(); });
   }
   TItem<TKDXBasePoint>* NewPoint(Int64 x, Int64 y) override { return Make<TKDXBasePoint>({{x, y}}); }
   TItem<TKDXBaseLine>* NewLine(Int64 x1, Int64 y1, Int64 x2, Int64 y2) override {
@@ -52,9 +50,11 @@ class TKDXLabelOf : public TKDXFileLabel {
   }
   TItem<TKDXBaseArc>* NewArc(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) override {
     CheckNotOnLine("an arc", x1, y1, x2, y2, x3, y3);
-    auto* arc = new TItem<TKDXBaseArc>(*this, x1, y1, x2, y2, x3, y3, false);
-    arc->fLayer = &GetLayer(fActiveLayer + 1);
-    return arc;
+    return Whole([&] {
+      auto* arc = new TItem<TKDXBaseArc>(*this, x1, y1, x2, y2, x3, y3, false);
+      arc->fLayer = &GetLayer(fActiveLayer + 1);
+      return arc;
+    });
   }
   TItem<TKDXBaseRectangle>* NewRectangle(Int64 x, Int64 y, Int64 w, Int64 h) override {
     return Make<TKDXBaseRectangle>({{x, y}, {AddHeld(x, w), AddHeld(y, h)}});
@@ -83,40 +83,39 @@ class TKDXLabelOf : public TKDXFileLabel {
     return Make<TKDXBaseEllipse>(Box(cx, cy, rx, ry));
   }
   TItem<TKDXBaseBarcode>* NewBarcode(Int64 x, Int64 y, const std::string& code, TZORBarType aType) override {
-    auto* barcode = Make<TKDXBaseBarcode>({{x, y}});
-    barcode->SetCodeType(aType);
-    barcode->SetCode(code);
-    barcode->StateCalc();
-    return barcode;
+    return Make<TKDXBaseBarcode>({{x, y}}, [&](TKDXBaseBarcode& barcode) {
+      barcode.SetCodeType(aType);
+      barcode.SetCode(code);
+      barcode.StateCalc();
+    });
   }
   TItem<TKDXBasePDF417>* NewPDF417(Int64 x, Int64 y, const std::string& code) override {
-    return MakeSymbol<TKDXBasePDF417>(x, y, code);
+    return Make<TKDXBasePDF417>({{x, y}}, [&](TModuleItem& symbol) { symbol.SetCode(code); });
   }
   TItem<TKDXBaseDataMatrix>* NewDataMatrix(Int64 x, Int64 y, const std::string& code) override {
-    return MakeSymbol<TKDXBaseDataMatrix>(x, y, code);
+    return Make<TKDXBaseDataMatrix>({{x, y}}, [&](TModuleItem& symbol) { symbol.SetCode(code); });
   }
   TItem<TKDXBaseQRCode>* NewQRCode(Int64 x, Int64 y, const std::string& code) override {
-    return MakeSymbol<TKDXBaseQRCode>(x, y, code);
+    return Make<TKDXBaseQRCode>({{x, y}}, [&](TModuleItem& symbol) { symbol.SetCode(code); });
   }
   TItem<TKDXBaseLink>* NewLink(int fromID, int toID, int fromPos, int toPos, TZOLinkType aType) override {
     return NewPolyLink(fromID, toID, fromPos, toPos, aType, {}, -1);
   }
   TItem<TKDXBaseLink>* NewPolyLink(int fromID, int toID, int fromPos, int toPos, TZOLinkType aType,
                                    const TZORPtoA& pts, int high) override {
-    auto* link = Make<TKDXBaseLink>({});
-    link->fFromID = fromID;
-    link->fToID = toID;
-    link->SetFromIndex(fromPos);
-    link->SetToIndex(toPos);
-    link->SetLinkType(aType);
-    if (aType == ltPolyline) link->fLinkPoints = Taken(pts, high);
-    link->CalcValues(2);
-    return link;
+    return Make<TKDXBaseLink>({}, [&](TKDXBaseLink& link) {
+      link.fFromID = fromID;
+      link.fToID = toID;
+      link.SetFromIndex(fromPos);
+      link.SetToIndex(toPos);
+      link.SetLinkType(aType);
+      if (aType == ltPolyline) link.fLinkPoints = Taken(pts, high);
+      link.CalcValues(2);
+    });
   }
   TItem<TKDXBaseFlow>* NewFlow(Int64 x, Int64 y, Int64 w, Int64 h, TZORFlowType aType) override {
-    auto* flow = Make<TKDXBaseFlow>({{x, y}, {AddHeld(x, w), AddHeld(y, h)}});
-    flow->fFlowType = aType;
-    return flow;
+    return Make<TKDXBaseFlow>({{x, y}, {AddHeld(x, w), AddHeld(y, h)}},
+                              [=](TKDXBaseFlow& flow) { flow.fFlowType = aType; });
   }
 
   TKDXBaseItem* NewItemOfType(TZORItemType aType, bool aPreview) override {
@@ -161,33 +160,28 @@ class TKDXLabelOf : public TKDXFileLabel {
   }
 
  private:
+  /// An item at these points, which `aDress` then makes what it shall be.
+  template <class TBaseItem, class TDress>
+  TItem<TBaseItem>* Make(TZORPtoA aPoints, TDress aDress) {
+    return Whole([&] {
+      auto* item = new TItem<TBaseItem>(*this, GetLayer(fActiveLayer + 1), false);
+      // A text or barcode brings its anchor only: its second point follows from its size.
+      aPoints.resize(HasFreePoints(item->fItemType) ? aPoints.size() : item->fPoints.size());
+      item->fPoints = std::move(aPoints);
+      item->UpdatePoints();
+      aDress(*item);
+      return item;
+    });
+  }
   template <class TBaseItem>
   TItem<TBaseItem>* Make(TZORPtoA aPoints) {
-    auto* item = new TItem<TBaseItem>(*this, GetLayer(fActiveLayer + 1), false);
-    // A text or barcode brings its anchor only: its second point follows from its size.
-    aPoints.resize(HasFreePoints(item->fItemType) ? aPoints.size() : item->fPoints.size());
-    item->fPoints = std::move(aPoints);
-    item->UpdatePoints();
-    return item;
-  }
-  template <class TBaseItem>
-  TItem<TBaseItem>* MakeSymbol(Int64 x, Int64 y, const std::string& aCode) {
-    auto* item = Make<TBaseItem>({{x, y}});
-    try {
-      item->SetCode(aCode);
-    } catch (...) {
-      DeleteItem(item, true);
-      throw;
-    }
-    return item;
+    return Make<TBaseItem>(std::move(aPoints), [](const TBaseItem&) {});
   }
   TItem<TKDXBaseSector>* Sector(TZORPtoA aBox, Single aStart, Single aGap) {
-    Finite(aStart);
-    Finite(aGap);
-    auto* sector = Make<TKDXBaseSector>(std::move(aBox));
-    sector->SetAngleStart(aStart);
-    sector->SetAngleGap(aGap);
-    return sector;
+    return Make<TKDXBaseSector>(std::move(aBox), [=](TKDXBaseSector& sector) {
+      sector.SetAngleStart(aStart);
+      sector.SetAngleGap(aGap);
+    });
   }
   static TZORPtoA Taken(const TZORPtoA& aPoints, int aHigh) {
     const std::size_t count = static_cast<std::size_t>(aHigh < 0 ? 0 : aHigh + 1);
