@@ -137,9 +137,9 @@ void TKDXBaseItem::TakeIdentity(int aInID, std::string aID, TZORReadType aReadTy
   if (aReadType == rdPaste) {
     aInID = fOwner->NextID();
     aID = StartName(fItemType, aInID);
-  } else if (!fOwner->IsReading()) {
-    if (aReadType == rdNormal) KeepIdentityFree(aInID, aID);
-  } else if (aInID > MaxIdentity) {
+  } else if (fOwner->fUndoing || fOwner->fRedoing) {
+    KeepIdentityFree(aInID, aID);
+  } else if (fOwner->IsReading() && aInID > MaxIdentity) {
     throw Exception("\"InID\": " + std::to_string(aInID) + " is above " + std::to_string(MaxIdentity));
   }
   fOwner->ChangeIdentity(*this, aInID, std::move(aID));

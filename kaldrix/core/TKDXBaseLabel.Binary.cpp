@@ -1,6 +1,7 @@
 // The document's sections in binary form.
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
+#include "kaldrix/core/TItemMark.hpp"
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
@@ -92,7 +93,7 @@ void TKDXBaseLabel::ReadData(TBinaryReader& bR) {
 }
 
 TKDXBaseItem& TKDXBaseLabel::ReadItem(int aVersion, TBinaryReader& bR, TZORReadType aReadType) {
-  return *Whole([&] {
+  return *MakeWhole(*this, [&] {
     TKDXBaseItem& item = MakeStoredItem(bR.ReadInt32());
     item.ReadData(aVersion, bR, aReadType);
     return &item;

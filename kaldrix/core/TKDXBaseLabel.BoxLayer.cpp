@@ -1,11 +1,14 @@
 // The box layer: page frame and title block of a drawing.
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
+#include "kaldrix/core/TUpdateBracket.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
@@ -46,7 +49,16 @@ std::string BoxText(const TKDXMeasure& aMeasure, std::string_view aID) {
   return aID == "bxIDTitle" ? aMeasure.fTitle : aMeasure.fAuthor;
 }
 
-/// What all items of the block share. The name is set directly: a second block may stand for a moment.
+constexpr std::string_view FrameName = "bxIDFrame", PageFrameName = "bxIDPageFrame";
+
+bool IsBoxName(std::string_view aID) {
+  const auto named = [aID](const auto& aRow) { return SameText(aID, aRow.id); };
+  return std::any_of(BoxLines.begin(), BoxLines.end(), named) ||
+         std::any_of(BoxTexts.begin(), BoxTexts.end(), named) || SameText(aID, FrameName) ||
+         SameText(aID, PageFrameName);
+}
+
+/// What all items of the block share.
 void Settle(TKDXBaseItem& aItem, std::string_view aID, TKDXLayer& aLayer) {
   aItem.SetColor(ColorBlack);
   aItem.SetLayer(aLayer);
@@ -93,25 +105,27 @@ TKDXLayer* TKDXBaseLabel::BoxLayer(bool& aMade) {
 
 void TKDXBaseLabel::FillBoxLayer(bool aReset) {
   if (fEditorMode != emFlowChart && fEditorMode != emDrawing) return;
+  const TNoticeHold hold(*this);
   ClearSelection(false);
   TKDXLayer& layer = *BoxLayer(aReset);
-  BeginUpdate(true);
-  if (aReset) {
-    std::vector<TKDXBaseItem*> former;
-    for (TKDXBaseItem* item : fItems) {
-      if (item->fLayer == &layer) former.push_back(item);
-    }
-    FreeMany(former);
-    MakeBox(layer);
-  } else {
-    for (int i = fItems.Count(); i > 0; --i) {
-      TKDXBaseItem& item = *fItems[i - 1];
-      for (const TBoxText& row : BoxTexts) {
-        if (SameText(item.fID, row.id)) PutText(item, BoxText(*fMeasure, row.id));
-      }
+  const TUpdateBracket bracket(*this);
+  if (!aReset) return FillBoxTexts();
+  // What carries a name of the block belongs to it, also on another layer.
+  std::vector<TKDXBaseItem*> former;
+  for (TKDXBaseItem* item : fItems) {
+    if (item->fLayer == &layer || IsBoxName(item->fID)) former.push_back(item);
+  }
+  FreeMany(former);
+  MakeBox(layer);
+}
+
+void TKDXBaseLabel::FillBoxTexts() {
+  for (int i = fItems.Count(); i > 0; --i) {
+    TKDXBaseItem& item = *fItems[i - 1];
+    for (const TBoxText& row : BoxTexts) {
+      if (SameText(item.fID, row.id)) PutText(item, BoxText(*fMeasure, row.id));
     }
   }
-  EndUpdate();
 }
 
 void TKDXBaseLabel::MakeBox(TKDXLayer& aLayer) {
@@ -127,8 +141,8 @@ void TKDXBaseLabel::MakeBox(TKDXLayer& aLayer) {
     Settle(*line, row.id, aLayer);
     line->SetPenWidth(LinePen);
   }
-  SettleFrame(*NewRectangle(left(90000), top(50000), length(80000), length(40000)), "bxIDFrame", aLayer);
-  SettleFrame(*NewRectangle(length(10000), length(10000), left(20000), top(20000)), "bxIDPageFrame", aLayer);
+  SettleFrame(*NewRectangle(left(90000), top(50000), length(80000), length(40000)), FrameName, aLayer);
+  SettleFrame(*NewRectangle(length(10000), length(10000), left(20000), top(20000)), PageFrameName, aLayer);
   for (const TBoxText& row : BoxTexts) {
     if (row.drawingOnly && !drawing) continue;
     TKDXBaseItem* text = NewText(left(row.x), top(row.y));

@@ -50,22 +50,6 @@ void TKDXBaseLabel::Unmake(TKDXBaseItem& aItem) {
   Forget(aItem);
 }
 
-TKDXBaseLabel::TMark TKDXBaseLabel::Mark() const {
-  return {fItems.Count(), fUndo.Count(), fRedo.Count(), fMaxID, fUnReID, fModified, fStates};
-}
-
-void TKDXBaseLabel::BackTo(const TMark& aMark) {
-  while (fItems.Count() > aMark.items) Free(*fItems.Last());
-  const bool recorded = fUndo.Count() > aMark.undo || fRedo.Count() > aMark.redo;
-  fUndo.Shrink(aMark.undo);
-  fRedo.Shrink(aMark.redo);
-  fMaxID = aMark.maxID;
-  fUnReID = aMark.unReID;
-  fModified = aMark.modified;
-  fStates = aMark.states;
-  if (recorded) FireUndoRedoEvent();
-}
-
 void TKDXBaseLabel::Free(TKDXBaseItem& aItem) {
   Forget(aItem);
   delete &aItem;
@@ -105,8 +89,8 @@ void TKDXBaseLabel::ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string a
   aItem.fInID = aInID;
   aItem.fID = std::move(aID);
   if (!aItem.fFromPreview) fIndex.AfterChange(aItem);
-  // The end of reading goes one further by itself.
-  fMaxID = std::max(fMaxID, IsReading() ? aInID : aInID + 1);
+  // One further where an item comes back; the end of reading goes there by itself.
+  fMaxID = std::max(fMaxID, fUndoing || fRedoing ? aInID + 1 : aInID);
   if (created) top->TakeReceiver(aItem);
 }
 

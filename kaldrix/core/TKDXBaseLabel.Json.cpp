@@ -3,6 +3,7 @@
 
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/ReserveAlike.hpp"
+#include "kaldrix/core/TItemMark.hpp"
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
@@ -125,7 +126,7 @@ void TKDXBaseLabel::ReadJson(TJsonObject& aJson) {
 }
 
 TKDXBaseItem& TKDXBaseLabel::ReadJsonItem(int aVersion, TJsonObject& aJson) {
-  return *Whole([&] {
+  return *MakeWhole(*this, [&] {
     TKDXBaseItem& item = MakeStoredItem(GetWhole(aJson, "Type"));
     item.ReadJson(aVersion, aJson);
     return &item;

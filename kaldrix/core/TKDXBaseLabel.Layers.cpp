@@ -7,6 +7,8 @@
 #include "kaldrix/core/TKDXDimStyle.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
+#include "kaldrix/core/TUpdateBracket.hpp"
 #include "kaldrix/messages/ZOR.Msg.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Utf8.hpp"
@@ -34,6 +36,7 @@ TKDXLayer* TKDXBaseLabel::LayerAt(int aIndex) const {
 TKDXLayer& TKDXBaseLabel::AddLayer() {
   auto* layer = new TKDXLayer(this);
   layer->fName = TKDXMsg::GetInfoValue("NewLayer");
+  ContentChanged();
   return *layer;
 }
 
@@ -45,9 +48,11 @@ int TKDXBaseLabel::LayerIdx(const TKDXLayer* aLayer) const {
 bool TKDXBaseLabel::ExchangeLayers(int aIdx1, int aIdx2) {
   const auto movable = [this](int aIndex) { return aIndex >= 2 && aIndex <= fLayers.Count(); };
   if (!movable(aIdx1) || !movable(aIdx2)) return false;
+  const TNoticeHold hold(*this);
   fLayers.Exchange(aIdx1 - 1, aIdx2 - 1);
   SortItemsZLayer();
   CheckBackLayer();
+  ContentChanged();
   return true;
 }
 
@@ -59,19 +64,23 @@ bool TKDXBaseLabel::SetActiveLayer(int aIdx) {
 
 bool TKDXBaseLabel::DeleteLayer(int aIdx) {
   if (aIdx < 2 || aIdx > fLayers.Count()) return false;
+  const TNoticeHold hold(*this);
   RemoveLayer(aIdx - 1);
   SortItemsZLayer();
   CheckBackLayer();
-  fModified = true;
+  ContentChanged();
   return true;
 }
 
 template <class TTest>
 void TKDXBaseLabel::MoveToLayer(TKDXLayer& aLayer, TTest aLeaves) {
-  for (const TOwnedList<TKDXBaseItem>* list : {&fItems, &fPreview}) {
-    for (TKDXBaseItem* item : *list) {
-      if (aLeaves(item->fLayer)) item->fLayer = &aLayer;
-    }
+  for (TKDXBaseItem* copy : fPreview) {
+    if (aLeaves(copy->fLayer)) copy->fLayer = &aLayer;
+  }
+  for (TKDXBaseItem* item : fItems) {
+    if (!aLeaves(item->fLayer)) continue;
+    item->fLayer = &aLayer;
+    fNotices.Changed(*item);
   }
 }
 
@@ -84,12 +93,15 @@ void TKDXBaseLabel::RemoveLayer(int aIndex) {
   fActiveLayer = IndexAfterRemoval(fActiveLayer, aIndex);
 }
 
-void TKDXBaseLabel::RemoveLayersBehindFirst() {
-  if (fLayers.Count() < 2) return;
-  TKDXLayer* first = fLayers.First();
-  MoveToLayer(*first, [=](const TKDXLayer* layer) { return layer != first; });
-  fLayers.Truncate(1);
-  fActiveLayer = 0;
+void TKDXBaseLabel::ClearLayers(bool aOthers, bool aBase) {
+  if (aOthers && fLayers.Count() > 1) {
+    TKDXLayer* first = fLayers.First();
+    MoveToLayer(*first, [=](const TKDXLayer* layer) { return layer != first; });
+    fLayers.Truncate(1);
+    fActiveLayer = 0;
+  }
+  if (aBase && !fLayers.IsEmpty()) RemoveLayer(0);
+  if (aOthers || aBase) CheckBackLayer();
 }
 
 std::vector<std::string> TKDXBaseLabel::GetLayersNames() const {
@@ -159,7 +171,7 @@ bool TKDXBaseLabel::DeleteActiveDimStyle() {
   if (style == nullptr) return false;
   if (style->fID == 1) throw Exception(TKDXMsg::GetErrorValue("DelDefStyle"));
   RemoveDimStyle(fActiveDimStyle);
-  fModified = true;
+  ContentChanged();
   return true;
 }
 
@@ -172,6 +184,11 @@ void TKDXBaseLabel::RemoveDimStyle(int aIndex) {
   }
   fDimStyles.Delete(going);
   fActiveDimStyle = IndexAfterRemoval(fActiveDimStyle, aIndex);
+}
+
+void TKDXBaseLabel::ClearDimStyles(bool aOthers, bool aBase) {
+  while (aOthers && fDimStyles.Count() > 1) RemoveDimStyle(fDimStyles.Count() - 1);
+  if (aBase && !fDimStyles.IsEmpty()) RemoveDimStyle(0);
 }
 
 std::vector<std::string> TKDXBaseLabel::GetDimStylesNames() const {
@@ -188,16 +205,24 @@ void TKDXBaseLabel::RotateRight() { Rotate(-1, &TKDXBaseItem::RotateRight); }
 void TKDXBaseLabel::Rotate(int aStep, void (TKDXBaseItem::*aTurn)()) {
   if (fEditorMode != emLabelling) return;
   fAngle = static_cast<TZORAngle>((fAngle + aStep + 4) % 4);
-  BeginUpdate(true);
+  {
+    const TUpdateBracket bracket(*this);
+    TurnContent(aTurn);
+  }
+  if (fOnLabelRotate) fOnLabelRotate(this);
+}
+
+void TKDXBaseLabel::TurnContent(void (TKDXBaseItem::*aTurn)()) {
   std::swap(fMeasure->fPaperWidth, fMeasure->fPaperHeight);
   std::swap(fMeasure->fWidth, fMeasure->fHeight);
-  for (TKDXBaseItem* item : fItems) (item->*aTurn)();
+  for (TKDXBaseItem* item : fItems) {
+    (item->*aTurn)();
+    fNotices.Changed(*item);
+  }
   if (!fSelection.empty()) FillSelPoints();
-  fModified = true;
+  ContentChanged();
   // Views take the new size at the end of the bracket.
   fStates = fStates + TKaldrixStateOptions{lsModified, lsUpdateMeasure};
-  EndUpdate();
-  if (fOnLabelRotate) fOnLabelRotate(this);
 }
 
 }  // namespace Zor::inline Base

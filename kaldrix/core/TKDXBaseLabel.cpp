@@ -39,6 +39,7 @@ TKDXBaseLabel::~TKDXBaseLabel() {
 }
 
 void TKDXBaseLabel::New() {
+  const TNoticeHold hold(*this);
   Clear({cleAll}, true);
   fMeasure->Reset();
   fAngle = ag0;
@@ -56,13 +57,9 @@ void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
   if (lastLayer && !takes(cleItems) && !fItems.IsEmpty()) {
     throw EInvalidOperation("The items have no layer without the base layer: clear them too");
   }
+  const TNoticeHold hold(*this);
   bool hadContent = false;
-  if (takes(cleUndoRedo)) {
-    fUnReID = 0;
-    fUndo.Clear();
-    fRedo.Clear();
-    if (!IsDestroying()) FireUndoRedoEvent();
-  }
+  if (takes(cleUndoRedo)) ClearCommands();
   if (takes(cleItems) || aValue.Has(cleSelection)) {
     hadContent = !fSelection.empty();
     ClearSelectionSilently();
@@ -84,18 +81,22 @@ void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
     fData->ClearSources();
     fPageLabels.clear();
   }
-  if (takes(cleLayers)) RemoveLayersBehindFirst();
-  if (aValue.Has(cleBaseLayer) && !fLayers.IsEmpty()) RemoveLayer(0);
-  if (takes(cleLayers) || aValue.Has(cleBaseLayer)) CheckBackLayer();
+  ClearLayers(takes(cleLayers), aValue.Has(cleBaseLayer));
   if (takes(cleCounters)) fCounters.Clear();
-  while (takes(cleDimStyles) && fDimStyles.Count() > 1) RemoveDimStyle(fDimStyles.Count() - 1);
-  if (aValue.Has(cleBaseStyle) && !fDimStyles.IsEmpty()) RemoveDimStyle(0);
+  ClearDimStyles(takes(cleDimStyles), aValue.Has(cleBaseStyle));
   if (aValue.Has(cleValList)) fData->ClearListVal();
   if (aValue.Has(cleAskList)) fData->ClearAskList();
   ++fContentVersion;
   fModified = false;
   if (!IsDestroying()) takes(cleItems) ? fNotices.ContentReplaced() : fNotices.DocumentChanged();
   if (aPaint && hadContent) ChangeValue(chSelect);
+}
+
+void TKDXBaseLabel::ClearCommands() {
+  fUnReID = 0;
+  fUndo.Clear();
+  fRedo.Clear();
+  if (!IsDestroying()) FireUndoRedoEvent();
 }
 
 void TKDXBaseLabel::Assign(const TPersistent& aSource) {

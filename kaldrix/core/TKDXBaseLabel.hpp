@@ -192,7 +192,9 @@ class TKDXBaseLabel : public TComponent {
   void SetLayerZOrder(bool aValue);
   void CheckBackLayer();
   bool HasBackMargins() const;
-  /// Makes, or brings up to date, page frame and title block; in emFlowChart and emDrawing only.
+  /// Makes, or brings up to date, page frame and title block; in emFlowChart and emDrawing only. With
+  /// `aReset` they are made anew, and what stands on their layer or has one of their names goes, which no
+  /// undo brings back.
   void FillBoxLayer(bool aReset);
   /// Turns the whole document a quarter; in emLabelling only.
   void RotateLeft();
@@ -543,30 +545,10 @@ class TKDXBaseLabel : public TComponent {
   /// Crossings are computed again; the editor's business.
   virtual void CheckIntersetions() {}
 
-  /// What to go back to when the making of items fails.
-  struct TMark {
-    int items, undo, redo, maxID, unReID;
-    bool modified;
-    TKaldrixStateOptions states;
-  };
-  TMark Mark() const;
-  /// Frees the items that came since, and takes their commands from the stacks.
-  void BackTo(const TMark& aMark);
-  /// Runs what makes items. When that raises, the document is as before: no item, no undo step.
-  template <class TMake>
-  auto Whole(TMake aMake) {
-    const TMark mark = Mark();
-    try {
-      return aMake();
-    } catch (...) {
-      BackTo(mark);
-      throw;
-    }
-  }
-
  private:
   friend class TKDXBaseItem;
   friend class TContentKeeper;
+  friend class TItemMark;
   friend class TRecordCopies;
 
   // An item comes, goes, or changes its name.
@@ -623,6 +605,7 @@ class TKDXBaseLabel : public TComponent {
     }
   }
   void Rotate(int aStep, void (TKDXBaseItem::*aTurn)());
+  void TurnContent(void (TKDXBaseItem::*aTurn)());
   TKDXLayer* BoxLayer(bool& aMade);
   /// Items and preview copies whose layer `aLeaves` accepts go to `aLayer`.
   template <class TTest>
@@ -631,8 +614,11 @@ class TKDXBaseLabel : public TComponent {
   // one.
   void RemoveLayer(int aIndex);
   void RemoveDimStyle(int aIndex);
-  void RemoveLayersBehindFirst();
+  void ClearLayers(bool aOthers, bool aBase);
+  void ClearDimStyles(bool aOthers, bool aBase);
+  void ClearCommands();
   void MakeBox(TKDXLayer& aLayer);
+  void FillBoxTexts();
   void GoToLabel(int aLabel);
   void WalkTo(int aLabel);
   /// Is fWalkLabel still where the walk stands? Hosts may move the data by themselves.

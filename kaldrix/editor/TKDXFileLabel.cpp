@@ -3,11 +3,14 @@
 #include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/ReserveAlike.hpp"
 #include "kaldrix/core/TContentKeeper.hpp"
+#include "kaldrix/core/TItemMark.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 #include "kaldrix/json/JsonReader.hpp"
 #include "kaldrix/platform/CheckSum.hpp"
 #include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/TAtExit.hpp"
 
 namespace Zor::inline Base {
 
@@ -215,20 +218,44 @@ void TKDXFileLabel::CreateElementFromStream(std::string_view aStream) {
 
 void TKDXFileLabel::PasteSelection() {
   if (fMemCopy.empty()) return;
-  BeginRead(true);
-  ClearSelection(false);
   TBinaryReader reader(fMemCopy);
   const int count = TRecord(reader, FormatVersion).Count(0, LeastItem);
-  try {
-    for (int i = 0; i < count; ++i) ReadItem(FormatVersion, reader, rdPaste);
-  } catch (...) {
+  if (count == 0) return;
+  const TNoticeHold hold(*this);
+  {
+    // The end of reading clears fModified.
+    bool modified = fModified;
+    const TAtExit keep([&] { fModified = modified; });
+    BeginRead(true);
+    try {
+      ReadClipboard(reader, count);
+    } catch (...) {
+      EndRead(false);
+      throw;
+    }
+    modified = true;
     EndRead(false);
-    throw;
   }
-  EndRead(false);
-  fModified = true;
+  ContentChanged();
   FillSelPoints();
   ChangeValue(chSelect);
+}
+
+void TKDXFileLabel::ReadClipboard(TBinaryReader& aReader, int aCount) {
+  const std::vector<TKDXBaseItem*> former = fSelection;
+  const bool hadLinks = !fLinks.empty();
+  try {
+    ClearSelection(false);
+    MakeWhole(*this, [&] {
+      for (int i = 0; i < aCount; ++i) ReadItem(FormatVersion, aReader, rdPaste);
+      if (aReader.Left() == 0) return;
+      throw EReadError(std::to_string(aReader.Left()) + " bytes stand behind the items of the clipboard");
+    });
+  } catch (...) {
+    for (TKDXBaseItem* item : former) AddToSelection(*item, false);
+    if (hadLinks) FillLinkList();
+    throw;
+  }
 }
 
 }  // namespace Zor::inline Base

@@ -28,7 +28,9 @@ class TKDXFileLabel : public TKDXBaseLabel {
   void ReadSections(TJsonObject& aJson);
 
   void CreateElementFromStream(std::string_view aStream) override;
-  /// The pasted items are selected and lie 2 mm of paper to the right and below.
+  /// The pasted items are selected and lie 2 mm of paper to the right and below; with an empty clipboard
+  /// nothing happens. A clipboard that CopySelection did not make raises an Exception, and items, selection
+  /// and fModified stay as they were.
   void PasteSelection() override;
 
  protected:
@@ -43,6 +45,7 @@ class TKDXFileLabel : public TKDXBaseLabel {
   /// Uses the items of the tree up.
   void ReadJsonDocument(TJsonObject& aJson);
   void WritePayload(std::string& aBytes);
+  void ReadClipboard(TBinaryReader& aReader, int aCount);
 };
 
 }  // namespace Zor::inline Base

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "kaldrix/core/HeldBase.hpp"
+#include "kaldrix/core/TItemMark.hpp"
 #include "kaldrix/core/TKDXBasePoint.hpp"
 #include "kaldrix/editor/TKDXFileLabel.hpp"
 #include "kaldrix/items/TKDXBaseArc.hpp"
@@ -50,7 +51,7 @@ class TKDXLabelOf : public TKDXFileLabel {
   }
   TItem<TKDXBaseArc>* NewArc(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) override {
     CheckNotOnLine("an arc", x1, y1, x2, y2, x3, y3);
-    return Whole([&] {
+    return MakeWhole(*this, [&] {
       auto* arc = new TItem<TKDXBaseArc>(*this, x1, y1, x2, y2, x3, y3, false);
       arc->fLayer = &GetLayer(fActiveLayer + 1);
       return arc;
@@ -163,7 +164,7 @@ class TKDXLabelOf : public TKDXFileLabel {
   /// An item at these points, which `aDress` then makes what it shall be.
   template <class TBaseItem, class TDress>
   TItem<TBaseItem>* Make(TZORPtoA aPoints, TDress aDress) {
-    return Whole([&] {
+    return MakeWhole(*this, [&] {
       auto* item = new TItem<TBaseItem>(*this, GetLayer(fActiveLayer + 1), false);
       // A text or barcode brings its anchor only: its second point follows from its size.
       aPoints.resize(HasFreePoints(item->fItemType) ? aPoints.size() : item->fPoints.size());

@@ -50,6 +50,19 @@ TEST(BoxLayerTest, IsMadeAgainWithoutDeleteCommands) {
   EXPECT_EQ(document.fUndo.Count(), recorded);
 }
 
+TEST(BoxLayerTest, IsMadeAgainWhereAPartWasMovedToAnotherLayer) {
+  TBareLabel document;
+  document.SetEditorMode(emDrawing);
+  document.FillBoxLayer(true);
+  document.SearchItem("bxIDTitle", false)->SetLayer(document.GetLayer(1));
+  document.SearchItem("bxIDPageFrame", false)->SetLayer(document.GetLayer(1));
+  document.FillBoxLayer(true);
+  EXPECT_EQ(document.GetItemsCount(), 8);
+  for (const TKDXBaseItem* item : document.fItems)
+    EXPECT_EQ(item->fLayer, &document.GetLayer(2)) << item->fID;
+  EXPECT_FALSE(document.fStates.Has(lsUpdating));
+}
+
 TEST(BoxLayerTest, ComesInTwoModesOnly) {
   for (const TZOREditorMode mode : {emLabelling, emInteractive}) {
     TBareLabel document;

@@ -249,6 +249,42 @@ TEST(FileTest, APasteIsNewSelectedAndTwoMillimetresOff) {
   EXPECT_EQ(document.fMemCopy, std::string(4, '\0'));
 }
 
+TEST(FileTest, AClipboardThatIsNoneOrEmptyChangesNothing) {
+  TBareLabel document;
+  document.NewLine(1000, 1000, 5000, 5000);
+  auto* other = document.NewText(1000, 1000);
+  document.SetSelection(other, isSelected);
+  document.AddToSelection(*document.GetItem(1), false);
+  document.CopySelection();
+  const std::string whole = document.fMemCopy;
+  document.SetSelection(other, isSelected);
+  document.fModified = false;
+  const auto unchanged = [&](const std::string& clipboard) {
+    EXPECT_EQ(document.GetItemsCount(), 2) << clipboard.size();
+    EXPECT_EQ(document.fSelection, std::vector<TKDXBaseItem*>{other}) << clipboard.size();
+    EXPECT_EQ(other->fState, isSelected) << clipboard.size();
+    EXPECT_FALSE(document.fStates.HasAny({lsReading, lsUpdating, lsPaste})) << clipboard.size();
+    EXPECT_FALSE(document.fModified) << clipboard.size();
+    EXPECT_EQ(document.fMaxID, 3) << clipboard.size();
+    EXPECT_TRUE(document.IsRecording()) << clipboard.size();
+  };
+  for (std::size_t length = 1; length <= whole.size(); ++length) {
+    document.fMemCopy = length < whole.size() ? whole.substr(0, length) : whole + "x";
+    EXPECT_THROW(document.PasteSelection(), Exception) << length;
+    unchanged(document.fMemCopy);
+  }
+  for (const std::string& nothing : {std::string(), std::string(4, '\0')}) {
+    document.fMemCopy = nothing;
+    document.PasteSelection();
+    unchanged(nothing);
+  }
+  document.fMemCopy = whole;
+  document.PasteSelection();
+  EXPECT_EQ(document.GetItemsCount(), 4);
+  EXPECT_EQ(document.fSelection.size(), 2U);
+  EXPECT_TRUE(document.fModified);
+}
+
 TEST(FileTest, APolylineOfManyPointsKeepsThemAll) {
   TBareLabel document, again;
   TZORPtoA points(70000);
