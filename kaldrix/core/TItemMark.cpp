@@ -9,6 +9,7 @@ TItemMark::TItemMark(TKDXBaseLabel& aDocument)
       fRedo(aDocument.fRedo.Count()),
       fMaxID(aDocument.fMaxID),
       fUnReID(aDocument.fUnReID),
+      fContentVersion(aDocument.fContentVersion),
       fModified(aDocument.fModified),
       fStates(aDocument.fStates) {}
 
@@ -20,6 +21,7 @@ void TItemMark::GoBack() const {
   d.fRedo.Shrink(fRedo);
   d.fMaxID = fMaxID;
   d.fUnReID = fUnReID;
+  d.fContentVersion = fContentVersion;
   d.fModified = fModified;
   d.fStates = fStates;
   if (recorded) d.FireUndoRedoEvent();

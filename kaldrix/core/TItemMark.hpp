@@ -16,6 +16,7 @@ class TItemMark {
  private:
   TKDXBaseLabel& fDocument;
   int fItems, fUndo, fRedo, fMaxID, fUnReID;
+  unsigned fContentVersion;
   bool fModified;
   TKaldrixStateOptions fStates;
 };

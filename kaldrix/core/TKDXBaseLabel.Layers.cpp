@@ -34,9 +34,9 @@ TKDXLayer* TKDXBaseLabel::LayerAt(int aIndex) const {
 }
 
 TKDXLayer& TKDXBaseLabel::AddLayer() {
+  const TNoticeHold hold(*this);
   auto* layer = new TKDXLayer(this);
   layer->fName = TKDXMsg::GetInfoValue("NewLayer");
-  ContentChanged();
   return *layer;
 }
 

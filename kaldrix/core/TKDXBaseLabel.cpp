@@ -48,6 +48,7 @@ void TKDXBaseLabel::New() {
   fLayers.First()->Reset();
   fDimStyles.First()->Reset();
   CheckBackLayer();
+  fModified = false;
 }
 
 void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
@@ -57,7 +58,6 @@ void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
   if (lastLayer && !takes(cleItems) && !fItems.IsEmpty()) {
     throw EInvalidOperation("The items have no layer without the base layer: clear them too");
   }
-  const TNoticeHold hold(*this);
   bool hadContent = false;
   if (takes(cleUndoRedo)) ClearCommands();
   if (takes(cleItems) || aValue.Has(cleSelection)) {
