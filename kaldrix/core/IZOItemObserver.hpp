@@ -9,7 +9,7 @@ namespace Zor::inline Base {
 class TKDXBaseItem;
 
 /// What is still to be told of an item.
-enum class TNotice : std::uint8_t { None, Came, Changed };
+enum class TNotice : std::uint8_t { Nothing, Came, Changed };
 
 /// Somebody who keeps a picture of a document's items: a list of layers, a search index, a remote copy. Told
 /// inside and outside brackets, on the thread that makes the changes, each time when the operation, or the

@@ -2,103 +2,95 @@
 
 #include <utility>
 
-#include "kaldrix/core/Commands.hpp"
 #include "kaldrix/core/TKDXBackSurf.hpp"
-#include "kaldrix/core/TKDXBaseLibSymbol.hpp"
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
-#include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
-#include "kaldrix/core/TKDXDimStyle.hpp"
-#include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/core/TKDXSettings.hpp"
+#include "kaldrix/core/TNoticeHold.hpp"
 
 namespace Zor::inline Base {
 
-/// All that a reader of a file replaces. The members keep their reference to the document.
+/// What the document and each of its parts hold.
 struct TContentKeeper::TContent {
-  TOwnedList<TKDXLayer> layers;
-  TOwnedList<TKDXDimStyle> dimStyles;
-  TOwnedList<TKDXBaseItem> items, preview;
-  TOwnedList<TKDXBaseLibSymbol> symbols;
-  TOwnedList<TKDXCounter> counters;
-  std::unique_ptr<TKDXBackSurf> backSurf;
-  std::unique_ptr<TKDXSettings> settings;
-  std::unique_ptr<TKDXMeasure> measure;
-  std::unique_ptr<TKDXData> data;
-  std::unique_ptr<TKDXBasePrintInfo> printInfo;
-  std::vector<TKDXBaseItem*> selection, links, calcs;
-  TKDXBaseLibSymbol* currentLibSym = nullptr;
-  TUndoStack undo, redo;
-  TZOREditorMode editorMode = emLabelling;
-  TZORUnits units = unMM;
-  TZORAngle angle = ag0;
-  TKaldrixOptions options;
-  TKaldrixStateOptions states;
-  int activeLayer = 0, activeDimStyle = 0, readedVer = 0, maxID = 1, idxBack = -1, unReID = 0;
-  bool modified = false, incUnReID = true, update = false, hasLinks = false;
+  TLabelContent label;
+  TMeasureContent measure;
+  TSurfaceContent backSurf;
+  TSettingsContent settings;
+  TPrintContent printInfo;
+  TDataContent data;
+  TKDXDatasets::TMembers datasets;
 };
+
+namespace {
+
+template <class TContent>
+void Swap(TContent& aHeld, TContent& aKept) {
+  std::swap(aHeld, aKept);
+}
+
+}  // namespace
 
 TContentKeeper::TContentKeeper(TKDXBaseLabel& aDocument)
     : fDocument(aDocument), fKept(std::make_unique<TContent>()) {
-  fKept->editorMode = aDocument.fEditorMode;
-  fKept->units = aDocument.fUnits;
-  fKept->options = aDocument.fOptions;
+  // What a reader asks for before a file has told it, and what a JSON file never tells.
+  fKept->label.fEditorMode = aDocument.fEditorMode;
+  fKept->label.fUnits = aDocument.fUnits;
+  fKept->label.fOptions = aDocument.fOptions;
+  fKept->printInfo.fCopies = aDocument.fPrintInfo->fCopies;
+  fKept->datasets = aDocument.fData->RegisteredDatasets();
+  auto heldBack = std::make_unique<TKDXBaseLabel::THeldBack>();
+  heldBack->hadContent = !aDocument.fItems.IsEmpty() || !aDocument.fSelection.empty();
   Exchange();
-  fDocument.MakeSatellites();
+  aDocument.fHeldBack.swap(heldBack);
+  aDocument.fNotices.Mute(true);
+  try {
+    aDocument.fMeasure->Reset();
+    aDocument.MakeFirst();
+  } catch (...) {
+    GiveBack();
+    throw;
+  }
 }
 
 TContentKeeper::~TContentKeeper() {
-  if (fKept == nullptr) return;
-  Exchange();
-  Discard();
+  if (fKept != nullptr) GiveBack();
 }
 
-void TContentKeeper::Commit() { Discard(); }
+void TContentKeeper::GiveBack() {
+  Exchange();
+  Discard();
+  fDocument.fHeldBack.reset();
+}
+
+void TContentKeeper::Commit() {
+  const TNoticeHold hold(fDocument);
+  Discard();
+  const auto heldBack = std::move(fDocument.fHeldBack);
+  fDocument.fPrintInfo->HoldFirstCell();
+  fDocument.NoteChange();
+  fDocument.fModified = false;
+  fDocument.fNotices.ContentReplaced();
+  if (heldBack->undoRedo) fDocument.FireUndoRedoEvent();
+  for (const TZOChange change : heldBack->changes) fDocument.ChangeValue(change);
+}
 
 void TContentKeeper::Discard() {
-  fDocument.FreeAll(fKept->items);
-  fDocument.FreeAll(fKept->preview);
+  fDocument.FreeAll(fKept->label.fItems);
+  fDocument.FreeAll(fKept->label.fPreview);
   fKept.reset();
+  fDocument.fNotices.Mute(false);
 }
 
 void TContentKeeper::Exchange() {
-  TKDXBaseLabel& d = fDocument;
-  TContent& k = *fKept;
-  d.fLayers.Swap(k.layers);
-  d.fDimStyles.Swap(k.dimStyles);
-  d.fItems.Swap(k.items);
-  d.fPreview.Swap(k.preview);
-  d.fSymbols.Swap(k.symbols);
-  d.fCounters.Swap(k.counters);
-  d.fBackSurf.swap(k.backSurf);
-  d.fSettings.swap(k.settings);
-  d.fMeasure.swap(k.measure);
-  d.fData.swap(k.data);
-  d.fPrintInfo.swap(k.printInfo);
-  d.fSelection.swap(k.selection);
-  d.fLinks.swap(k.links);
-  d.fCalcs.swap(k.calcs);
-  d.fUndo.Swap(k.undo);
-  d.fRedo.Swap(k.redo);
-  std::swap(d.fCurrentLibSym, k.currentLibSym);
-  std::swap(d.fEditorMode, k.editorMode);
-  std::swap(d.fUnits, k.units);
-  std::swap(d.fAngle, k.angle);
-  std::swap(d.fOptions, k.options);
-  std::swap(d.fStates, k.states);
-  std::swap(d.fActiveLayer, k.activeLayer);
-  std::swap(d.fActiveDimStyle, k.activeDimStyle);
-  std::swap(d.fReadedVer, k.readedVer);
-  std::swap(d.fMaxID, k.maxID);
-  std::swap(d.fIdxBack, k.idxBack);
-  std::swap(d.fUnReID, k.unReID);
-  std::swap(d.fModified, k.modified);
-  std::swap(d.fIncUnReID, k.incUnReID);
-  std::swap(d.fUpdate, k.update);
-  std::swap(d.fHasLinks, k.hasLinks);
-  d.fIndex.Clear();
-  d.fLinksStale = true;
+  Swap<TLabelContent>(fDocument, fKept->label);
+  Swap<TMeasureContent>(*fDocument.fMeasure, fKept->measure);
+  Swap<TSurfaceContent>(*fDocument.fBackSurf, fKept->backSurf);
+  Swap<TSettingsContent>(*fDocument.fSettings, fKept->settings);
+  Swap<TPrintContent>(*fDocument.fPrintInfo, fKept->printInfo);
+  fDocument.fData->Exchange(fKept->data, fKept->datasets);
+  fDocument.fIndex.Clear();
+  fDocument.fLinksStale = true;
 }
 
 }  // namespace Zor::inline Base

@@ -13,9 +13,9 @@ namespace Zor::inline Base {
 
 namespace {
 
-auto Values(auto& aSurf) {
-  return std::tie(aSurf.fStyle, aSurf.fColor, aSurf.fToColor, aSurf.fAlignColor, aSurf.fFileName,
-                  aSurf.fAlignLeft, aSurf.fAlignTop, aSurf.fShowAlign, aSurf.fPrint);
+/// The align marks, which no file holds.
+auto Marks(auto& aSurf) {
+  return std::tie(aSurf.fAlignColor, aSurf.fAlignLeft, aSurf.fAlignTop, aSurf.fShowAlign);
 }
 
 }  // namespace
@@ -23,7 +23,8 @@ auto Values(auto& aSurf) {
 void TKDXBackSurf::Assign(const TPersistent& aSource) {
   const auto* source = dynamic_cast<const TKDXBackSurf*>(&aSource);
   if (source == nullptr) return TPersistent::Assign(aSource);
-  Values(*this) = Values(*source);
+  static_cast<TSurfaceContent&>(*this) = *source;
+  Marks(*this) = Marks(*source);
 }
 
 // Surface

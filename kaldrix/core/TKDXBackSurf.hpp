@@ -12,8 +12,17 @@ namespace Zor::inline Base {
 
 class TKDXBaseLabel;
 
+/// What a file holds of the surface.
+struct TSurfaceContent {
+  TZORBackStyle fStyle = biNone;
+  TAlphaColor fColor = ColorWhite;    ///< first colour of a gradient or split
+  TAlphaColor fToColor = ColorWhite;  ///< second colour
+  std::string fFileName;              ///< the image of biImage
+  bool fPrint = false;                ///< the surface is printed
+};
+
 /// What lies behind all items of a document, and the align marks.
-class TKDXBackSurf final : public TPersistent {
+class TKDXBackSurf final : public TPersistent, public TSurfaceContent {
  public:
   TKDXBackSurf(TKDXBaseLabel* aOwner, bool aCreateImage) : fOwner(aOwner), fCreateImage(aCreateImage) {}
 
@@ -53,14 +62,9 @@ class TKDXBackSurf final : public TPersistent {
   void ReadJson(int aVersion, TJsonObject& aJson);
 
   TKDXBaseLabel* fOwner;
-  TZORBackStyle fStyle = biNone;
-  TAlphaColor fColor = ColorWhite;    ///< first colour of a gradient or split
-  TAlphaColor fToColor = ColorWhite;  ///< second colour
   TAlphaColor fAlignColor = 0xFFFF0000;
-  std::string fFileName;              ///< the image of biImage
   int fAlignLeft = 0, fAlignTop = 0;  ///< base points
   bool fShowAlign = false;
-  bool fPrint = false;  ///< the surface is printed
 
   // Marks of the host's drawing view.
   bool fChangingAlign = false;

@@ -308,7 +308,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
 
   bool fListed : 1 = false;   ///< stands in a list of the document
   bool fPending : 1 = false;  ///< waits in fCalcs
-  TNotice fNotice = TNotice::None;
+  TNotice fNotice = TNotice::Nothing;
 };
 
 /// Cuts a move on one axis so that what reaches from `aLow` to `aHigh` stays between 0 and `aLimit`.

@@ -226,6 +226,7 @@ void TKDXBaseLabel::ChangeValue(TZOChange aChange) {
     fStates.Add(lsUpdateMeasure);
     return;
   }
+  if (fHeldBack != nullptr) return fHeldBack->changes.push_back(aChange);
   if (!fObservers.IsEmpty()) Send(aChange, GetChangedValue(aChange));
 }
 

@@ -35,6 +35,10 @@ void TKDXBaseLabel::HandOver(const TKDXCmd& aCommand, const TKDXBaseItem& aItem)
 
 void TKDXBaseLabel::FireUndoRedoEvent() {
   if (!fOnUndoRedoEvent) return;
+  if (fHeldBack != nullptr) {
+    fHeldBack->undoRedo = true;
+    return;
+  }
   Guarded([this] { fOnUndoRedoEvent(this, fUndo.IsEmpty(), fRedo.IsEmpty()); });
 }
 

@@ -17,16 +17,16 @@
 namespace Zor::inline Base {
 
 TKDXBaseLabel::TKDXBaseLabel(TComponent* aOwner) : TComponent(aOwner), fIndex(fItems) {
-  MakeSatellites();
-  fModified = false;
-}
-
-void TKDXBaseLabel::MakeSatellites() {
   fPrintInfo = std::make_unique<TKDXBasePrintInfo>(this);
   fData = std::make_unique<TKDXData>(this);
   fMeasure = std::make_unique<TKDXMeasure>(this);
   fBackSurf = std::make_unique<TKDXBackSurf>(this, true);
   fSettings = std::make_unique<TKDXSettings>(this);
+  MakeFirst();
+  fModified = false;
+}
+
+void TKDXBaseLabel::MakeFirst() {
   new TKDXLayer(this);
   new TKDXDimStyle(this, TKDXMsg::GetPropValue("Default"));
 }
@@ -58,10 +58,10 @@ void TKDXBaseLabel::Clear(TZORClearOpts aValue, bool aPaint) {
   if (lastLayer && !takes(cleItems) && !fItems.IsEmpty()) {
     throw EInvalidOperation("The items have no layer without the base layer: clear them too");
   }
-  bool hadContent = false;
+  bool hadContent = fHeldBack != nullptr && fHeldBack->hadContent;
   if (takes(cleUndoRedo)) ClearCommands();
   if (takes(cleItems) || aValue.Has(cleSelection)) {
-    hadContent = !fSelection.empty();
+    hadContent = hadContent || !fSelection.empty();
     ClearSelectionSilently();
     if (!IsDestroying()) ChangeValue(chClearSelect);
   }

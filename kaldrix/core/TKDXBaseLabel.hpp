@@ -11,6 +11,7 @@
 #include "kaldrix/core/TComponent.hpp"
 #include "kaldrix/core/TItemIndex.hpp"
 #include "kaldrix/core/TKDXBaseItem.hpp"
+#include "kaldrix/core/TLabelContent.hpp"
 #include "kaldrix/core/TLabelRanges.hpp"
 #include "kaldrix/core/TNotices.hpp"
 #include "kaldrix/core/TOwnedList.hpp"
@@ -39,17 +40,6 @@ class TKDXSettings;
 /// The version that this library writes, in JSON and binary.
 inline constexpr int FormatVersion = 3200;
 
-/// What a cell of a filled page shows.
-struct TZOPageLabel {
-  int label;                          ///< number in the print, 1-based
-  int row, column;                    ///< on the sheet, 1-based
-  int record;                         ///< of the source, 1-based; 0 without one
-  int position;                       ///< TKDXData::fPos: of a CSV source the line of the file; 0 without one
-  int repeat;                         ///< which label of its record it is, 1-based
-  std::vector<std::string> counters;  ///< values of the active counters, in the order of fCounters
-  std::vector<std::string> problems;  ///< what its record or its items could not take, with their names
-};
-
 /// The document: one drawing with its layers, items, styles, selection and undo stacks. Everything reaches
 /// everything through it; a host subclasses it and makes the items.
 ///
@@ -72,7 +62,7 @@ struct TZOPageLabel {
 ///   JSON           TKDXBaseLabel.Json.cpp
 ///   Binary         TKDXBaseLabel.Binary.cpp
 ///   SVG            TKDXBaseLabel.Svg.cpp
-class TKDXBaseLabel : public TComponent {
+class TKDXBaseLabel : public TComponent, public TLabelContent {
  public:
   ~TKDXBaseLabel() override;
 
@@ -471,56 +461,32 @@ class TKDXBaseLabel : public TComponent {
   virtual void LoadFromFile(const std::string& aFilename) = 0;
   virtual void SaveToFile(const std::string& aFilename, TZORExt aFormat) = 0;
 
-  // Content --------------------------------------------------
+  // Parts, which live as long as the document; a load replaces what they hold ------------------------
 
-  TOwnedList<TKDXLayer> fLayers;
-  TOwnedList<TKDXDimStyle> fDimStyles;
-  TOwnedList<TKDXBaseItem> fItems;    ///< z-order, first is lowest
-  TOwnedList<TKDXBaseItem> fPreview;  ///< copies of data items, a label each
-  TOwnedList<TKDXBaseLibSymbol> fSymbols;
-  TOwnedList<TKDXCounter> fCounters;
   std::unique_ptr<TKDXBackSurf> fBackSurf;
   std::unique_ptr<TKDXSettings> fSettings;
   std::unique_ptr<TKDXMeasure> fMeasure;
   std::unique_ptr<TKDXData> fData;
   std::unique_ptr<TKDXBasePrintInfo> fPrintInfo;
-  TZOREditorMode fEditorMode = emLabelling;
-  TZORUnits fUnits = unMM;
-  TZORAngle fAngle = ag0;  ///< rotation of the whole document
-  int fActiveLayer = 0;
-  int fActiveDimStyle = 0;
+
+  // What is set for the document, and stays over a load --------------------------------------------------
+
   bool fLayerZOrder = false;  ///< keep items sorted by the position of their layer
   bool fEditable = true;
   bool fShowDispWidthHandle = false;
-  TKaldrixOptions fOptions{loUniqueID, loUndoRedo};
   std::string fLngFileName;
   std::string fImageFolder, fOpenImgFolder, fLibraryFolder;
-  int fReadedVer = 0;  ///< version of the binary file read last
-  int fMaxID = 1;      ///< the next identity
-  int fIdxBack = -1;   ///< 1-based topmost visible image or map layer, -1 when none
   bool fNeedReadImg = false;
-  bool fModified = false;
 
   // Transient state --------------------------------------------------
 
-  std::vector<TKDXBaseItem*> fSelection;  ///< in order of selecting
-  std::vector<TKDXBaseItem*> fLinks;      ///< link items attached to the selection
-  std::vector<TKDXBaseItem*> fCalcs;      ///< items that wait for a calculation; gone ones leave a gap
-  TKDXBaseLibSymbol* fCurrentLibSym = nullptr;
   TObserverList<IZOObserver> fObservers{[this] { LookForEditors(); }};
   TNotices fNotices{*this};
   bool fConEditors = false;  ///< an observer of kind duEditor is attached
-  bool fUpdate = false;      ///< true only while a bracket closes
-  TKaldrixStateOptions fStates;
   TZORSInfo fInfo;
   TZOChangeValue fChangeVal;  ///< what chEditInspect hands over
-  TUndoStack fUndo, fRedo;
   bool fUndoing = false, fRedoing = false;
-  bool fUndoOpt = false;   ///< loUndoRedo across a read bracket
-  bool fIncUnReID = true;  ///< each command takes a new group number
-  int fUnReID = 0;         ///< running group number
-  int fUnReRef = 0;        ///< what a running undo or redo hands out
-  std::string fMemCopy;    ///< the internal clipboard
+  std::string fMemCopy;  ///< the internal clipboard
 
   // Events --------------------------------------------------
 
@@ -557,7 +523,8 @@ class TKDXBaseLabel : public TComponent {
   /// For an item whose constructor raised.
   void Unmake(TKDXBaseItem& aItem);
   void Free(TKDXBaseItem& aItem);
-  void MakeSatellites();
+  /// The first layer and the first style.
+  void MakeFirst();
   /// An item of a kind that a file names by its ordinal.
   TKDXBaseItem& MakeStoredItem(Int64 aOrdinal);
   void ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID);
@@ -638,12 +605,13 @@ class TKDXBaseLabel : public TComponent {
   unsigned fGoneItems = 0;
   unsigned fContentVersion = 0;
   unsigned fDrawing = 0;
-  bool fHasLinks = false;    ///< may be true without any, never false with one
-  bool fLinksStale = false;  ///< a node moved, came or went since the links were routed
-  mutable TNameFinder fCounterFinder;
-  std::vector<TZOPageLabel> fPageLabels;
-  int fWalkLabel = 0;       ///< the label that the walk stands on, 0 when that is not known
-  unsigned fWalkMoves = 0;  ///< of fData when fWalkLabel was noted
+  /// While a load keeps the former content, what observers would be told waits for its success.
+  struct THeldBack {
+    bool hadContent = false;  ///< items or a selection, before the load
+    bool undoRedo = false;
+    std::vector<TZOChange> changes;
+  };
+  std::unique_ptr<THeldBack> fHeldBack;
 };
 
 }  // namespace Zor::inline Base

@@ -84,6 +84,11 @@ void TKDXBasePrintInfo::SetFirstCol(int aValue) {
   fFirstCol = std::max(std::min(aValue, fOwner->fMeasure->fNuVer), 1);
 }
 
+void TKDXBasePrintInfo::HoldFirstCell() {
+  SetFirstRow(fFirstRow);
+  SetFirstCol(fFirstCol);
+}
+
 void TKDXBasePrintInfo::SetPrinterIndex(int aValue) {
   if (aValue == fPrinterIndex) return;
   fPrinterIndex = aValue;

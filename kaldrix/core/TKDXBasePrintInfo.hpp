@@ -14,8 +14,25 @@ namespace Zor::inline Base {
 
 class TKDXBaseLabel;
 
+/// What a file holds of a print, and what follows from it.
+struct TPrintContent {
+  int fLabs = 1;        ///< number of labels
+  int fRepetition = 1;  ///< labels that each data record gives
+  int fCopies = 1;
+  std::uint8_t fOrient = 0;
+  // Found and moved by the walk.
+  int fPagesToPrint = 0;   ///< 0 until a print has been planned
+  int fLabelsToPrint = 0;  ///< the last label
+  TLabelRanges fOnly;      ///< the labels of a print that was narrowed; empty for all
+  int fLastPageFill = 0;
+  int fCurrentPage = 0;
+  int fCurrentLabel = 0;
+  bool fFindDetail = false;
+  TZORFillType fFillType = ftNone;
+};
+
 /// What a print run covers and how far it has come. Sizes are base points.
-class TKDXBasePrintInfo final : public TPersistent {
+class TKDXBasePrintInfo final : public TPersistent, public TPrintContent {
  public:
   explicit TKDXBasePrintInfo(TKDXBaseLabel* aOwner) : fOwner(aOwner) {}
 
@@ -45,6 +62,8 @@ class TKDXBasePrintInfo final : public TPersistent {
   /// 1-based, held inside the sheet.
   void SetFirstRow(int aValue);
   void SetFirstCol(int aValue);
+  /// Brings the first cell back into the sheet, when that has become another one.
+  void HoldFirstCell();
   /// Tells the document on a change.
   void SetPrinterIndex(int aValue);
 
@@ -73,26 +92,12 @@ class TKDXBasePrintInfo final : public TPersistent {
   int fMaLeft = 15000, fMaTop = 10000, fMaRight = 10000, fMaBottom = 15000;
   TAlphaColor fColor = 0xFFFF0000;
   int fWidth = 21000, fHeight = 29700;
-  int fLabs = 1;        ///< number of labels
-  int fRepetition = 1;  ///< labels that each data record gives
   int fFirstRow = 1, fFirstCol = 1;
   int fFirstLab = 1, fLastLab = 0;
-  int fCopies = 1;
   bool fPadCodes = false;  ///< short barcodes may get zeros in front (see ReadingOf); not stored
-
-  // Found and moved by the walk.
-  int fPagesToPrint = 0;   ///< 0 until a print has been planned
-  int fLabelsToPrint = 0;  ///< the last label
-  TLabelRanges fOnly;      ///< the labels of a print that was narrowed; empty for all
-  int fLastPageFill = 0;
-  int fCurrentPage = 0;
-  int fCurrentLabel = 0;
-  bool fFindDetail = false;
-  TZORFillType fFillType = ftNone;
 
   // The printer.
   static constexpr int NoPrinter = -99;
-  std::uint8_t fOrient = 0;
   std::string fPrinterName;
   int fPrinterIndex = NoPrinter;
 

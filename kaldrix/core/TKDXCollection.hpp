@@ -14,6 +14,9 @@ namespace Zor::inline Base {
 template <class TMember, class TOwner>
 class TKDXCollection {
  public:
+  /// Shared, so that a list can be set aside and its members be in another one meanwhile.
+  using TMembers = std::vector<std::shared_ptr<TMember>>;
+
   explicit TKDXCollection(TOwner* aOwner) : fOwner(aOwner) {}
   TKDXCollection(const TKDXCollection&) = delete;
   TKDXCollection& operator=(const TKDXCollection&) = delete;
@@ -33,12 +36,13 @@ class TKDXCollection {
   /// A new member in front of the one at `aIndex`, which is held inside the list.
   TMember& Insert(int aIndex) {
     const int place = aIndex < 0 ? 0 : aIndex > Count() ? Count() : aIndex;
-    return **fMembers.insert(fMembers.begin() + place, std::make_unique<TMember>(*this));
+    return **fMembers.insert(fMembers.begin() + place, std::make_shared<TMember>(*this));
   }
   void Delete(int aIndex) {
     if (GetItem(aIndex) != nullptr) fMembers.erase(fMembers.begin() + aIndex);
   }
   void Clear() { fMembers.clear(); }
+  void Exchange(TMembers& aMembers) { fMembers.swap(aMembers); }
   void Assign(const TKDXCollection& aSource) {
     if (&aSource == this) return;
     Clear();
@@ -56,7 +60,7 @@ class TKDXCollection {
   TOwner* fOwner;
 
  private:
-  std::vector<std::unique_ptr<TMember>> fMembers;
+  TMembers fMembers;
   mutable TNameFinder fFinder;
 };
 

@@ -70,6 +70,20 @@ void TKDXData::DeleteSources(TZORDataType aType) {
   }
 }
 
+TKDXDatasets::TMembers TKDXData::RegisteredDatasets() const {
+  TKDXDatasets::TMembers registered;
+  for (const auto& source : fDatasets) {
+    if (source->fDataType == dtyDataset) registered.push_back(source);
+  }
+  return registered;
+}
+
+void TKDXData::Exchange(TDataContent& aContent, TKDXDatasets::TMembers& aDatasets) {
+  std::swap<TDataContent>(*this, aContent);
+  fDatasets.Exchange(aDatasets);
+  ++fMoves;
+}
+
 void TKDXData::ClearSources() {
   fLinkData = false;
   fJson.clear();

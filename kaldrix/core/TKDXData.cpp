@@ -51,6 +51,11 @@ bool SameExactly(std::string_view a, std::string_view b) { return a == b; }
 
 }  // namespace
 
+TDataContent::TDataContent() = default;
+TDataContent::TDataContent(TDataContent&&) noexcept = default;
+TDataContent& TDataContent::operator=(TDataContent&&) noexcept = default;
+TDataContent::~TDataContent() = default;
+
 TKDXData::TKDXData(TKDXBaseLabel* aOwner) : fOwner(aOwner), fDatasets(aOwner) {}
 TKDXData::~TKDXData() = default;
 

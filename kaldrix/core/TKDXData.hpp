@@ -25,6 +25,45 @@ class TKDXBaseLabel;
 /// gives the name as it stands; ftImg64 gives nothing.
 std::string IncSymData(std::string_view aName, TZORFillType aFill);
 
+/// What a file holds of the binding to data, and the source that is open by it.
+struct TDataContent {
+  TDataContent();
+  TDataContent(TDataContent&&) noexcept;
+  TDataContent& operator=(TDataContent&&) noexcept;
+  ~TDataContent();
+
+  std::string fJson;
+  TZORDataType fType = dtyNone;  ///< the source in use
+  bool fLinkData = false;        ///< binding is switched on
+  bool fSaveJson = false;        ///< the JSON text is stored in the document
+  std::string fDataSel;          ///< caption of the selected source
+  std::string fFieldRepeat;      ///< field that tells how many labels a record gives
+  std::string fCsvFileName;
+  TZORCsvSep fCsvSep = scvNone;
+  bool fCsvHeader = true;  ///< the first line holds the column names
+  TZORCsvQuote fCsvQuote = scqDoubleQuotes;
+  /// The file, open and cut in a way of the host's own (records, standard input), in the place of
+  /// fCsvFileName, which only names it then; not stored.
+  std::shared_ptr<TCsvFile> fCsvOpen;
+  TOwnedList<TZOValList> fListVal;
+  TOwnedList<TZOAskField> fListAsk;
+  int fPos = 1;            ///< current record, 1-based; of a CSV source the line of the file
+  int fPosRepeat = 1;      ///< labels of this record that have been given
+  int fRecordRepeat = 1;   ///< labels that this record gives
+  int fNumlabels = 0;      ///< labels that the source gives in all
+  bool fHasData = false;   ///< the source has records
+  bool fValidCsv = false;  ///< Reset found the CSV file
+  bool fHasList = false, fHasQuest = false;  ///< a list, a question is in use on the present print
+
+ protected:
+  std::shared_ptr<const TJsonFile> fJsonFile;
+  std::unique_ptr<TSourceWalk> fSource;
+  TZORDataType fOpenType = dtyNone;  ///< of fSource
+  bool fRepeats = false;             ///< a field tells the labels of each record
+  bool fEnded = false;               ///< no record with labels follows
+  std::vector<double> fCalcFoot;
+};
+
 /// How a document is bound to data: which source, what it offers, value lists and questions, and the walk
 /// through the source, label by label.
 ///
@@ -32,7 +71,7 @@ std::string IncSymData(std::string_view aName, TZORFillType aFill);
 ///   Sources             TKDXData.Sources.cpp
 ///   The walk            TKDXData.Walk.cpp
 ///   Values              TKDXData.Values.cpp
-class TKDXData final : public TPersistent {
+class TKDXData final : public TPersistent, public TDataContent {
  public:
   explicit TKDXData(TKDXBaseLabel* aOwner);
   ~TKDXData() override;
@@ -92,6 +131,11 @@ class TKDXData final : public TPersistent {
   int GetCsvPos(std::string_view aField) const;
   /// How lines are cut; without a separator at semicolons.
   TCsvForm CsvForm() const;
+
+  /// The descriptions of the data sets that the host registered, which no file holds.
+  TKDXDatasets::TMembers RegisteredDatasets() const;
+  /// Exchanges all that a load replaces, what the sources offer included.
+  void Exchange(TDataContent& aContent, TKDXDatasets::TMembers& aDatasets);
 
   // The walk --------------------------------------------------
 
@@ -183,33 +227,11 @@ class TKDXData final : public TPersistent {
   void ReadJson(int aVersion, TJsonObject& aJson);
 
   TKDXBaseLabel* fOwner;
-  TKDXDatasets fDatasets;  ///< what the sources offer
-  std::string fJson;
-  TZORDataType fType = dtyNone;  ///< the source in use
-  bool fLinkData = false;        ///< binding is switched on
-  bool fSaveJson = false;        ///< the JSON text is stored in the document
-  std::string fDataSel;          ///< caption of the selected source
-  std::string fFieldRepeat;      ///< field that tells how many labels a record gives
-  std::string fCsvFileName;
-  TZORCsvSep fCsvSep = scvNone;
-  bool fCsvHeader = true;  ///< the first line holds the column names
-  TZORCsvQuote fCsvQuote = scqDoubleQuotes;
+  TKDXDatasets fDatasets;         ///< what the sources offer
   TTextCode fCsvCode = tcByMark;  ///< not stored
-  /// The file, open and cut in a way of the host's own (records, standard input), in the place of
-  /// fCsvFileName, which only names it then; not stored.
-  std::shared_ptr<TCsvFile> fCsvOpen;
   /// A record whose repeat field tells no whole number gives one label, with a problem; not stored.
   bool fStrict = false;
-  TOwnedList<TZOValList> fListVal;
-  TOwnedList<TZOAskField> fListAsk;
-  int fPos = 1;            ///< current record, 1-based; of a CSV source the line of the file
-  int fPosRepeat = 1;      ///< labels of this record that have been given
-  int fRecordRepeat = 1;   ///< labels that this record gives
-  int fNumlabels = 0;      ///< labels that the source gives in all
-  bool fHasData = false;   ///< the source has records
-  bool fValidCsv = false;  ///< Reset found the CSV file
-  bool fHasList = false, fHasQuest = false;  ///< a list, a question is in use on the present print
-  unsigned fMoves = 0;                       ///< grows with each move of the walk
+  unsigned fMoves = 0;  ///< grows with each move of the walk
 
  protected:
   const char* ClassName() const override { return "TKDXData"; }
@@ -239,13 +261,6 @@ class TKDXData final : public TPersistent {
   /// One number for each row of a detail.
   void FillCalc(TKDXDetailItem& aDetail, const std::string& aField);
   double Aggregate(TZORFooter aFooter);
-
-  std::shared_ptr<const TJsonFile> fJsonFile;
-  std::unique_ptr<TSourceWalk> fSource;
-  TZORDataType fOpenType = dtyNone;  ///< of fSource
-  bool fRepeats = false;             ///< a field tells the labels of each record
-  bool fEnded = false;               ///< no record with labels follows
-  std::vector<double> fCalcFoot;
 };
 
 }  // namespace Zor::inline Base

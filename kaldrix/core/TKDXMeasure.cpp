@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
-#include <tuple>
 
 #include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/JsonFields.hpp"
@@ -17,13 +16,6 @@
 namespace Zor::inline Base {
 
 namespace {
-
-auto Values(auto& m) {
-  return std::tie(m.fHeight, m.fWidth, m.fMarLeft, m.fMarTop, m.fDiHor, m.fDiVer, m.fNuHor, m.fNuVer,
-                  m.fPaperHeight, m.fPaperWidth, m.fPaperSize, m.fInnerCircle, m.fPaperName, m.fLabelName,
-                  m.fPromoter, m.fAuthor, m.fProject, m.fTitle, m.fDate, m.fNote, m.fPlanNumber, m.fLabelType,
-                  m.fContinousPaper, m.fDrawScale, m.fFormat, m.fIncludeUnit);
-}
 
 std::string Ratio(Int64 aScale) { return "1:" + std::to_string(aScale); }
 
@@ -45,7 +37,7 @@ void TKDXMeasure::Reset() {
 void TKDXMeasure::Assign(const TPersistent& aSource) {
   const auto* source = dynamic_cast<const TKDXMeasure*>(&aSource);
   if (source == nullptr) return TPersistent::Assign(aSource);
-  Values(*this) = Values(*source);
+  static_cast<TMeasureContent&>(*this) = *source;
 }
 
 void TKDXMeasure::SendInfo() { fOwner->ChangeValue(chLabelDef); }

@@ -14,13 +14,33 @@ namespace Zor::inline Base {
 
 class TKDXBaseLabel;
 
+/// What a file holds of the measures; base points of paper.
+struct TMeasureContent {
+  int fHeight = 35000, fWidth = 60000;  ///< of one label
+  int fMarLeft = 5000, fMarTop = 10000;
+  int fDiHor = 4000, fDiVer = 4000;  ///< gaps between rows and between columns
+  int fNuHor = 7, fNuVer = 3;        ///< rows and columns
+  int fPaperHeight = 297000, fPaperWidth = 210000;
+  std::int16_t fPaperSize = 9;  ///< code of the paper table
+  int fInnerCircle = 0;         ///< hole of a round label
+  std::string fPaperName = "A4";
+  std::string fLabelName;
+  std::string fPromoter, fAuthor, fProject, fTitle, fDate, fNote;
+  int fPlanNumber = 1;
+  TKaldrixType fLabelType = ltRect;
+  bool fContinousPaper = false;
+  Int64 fDrawScale = 1;  ///< the drawing is at 1:fDrawScale
+  std::string fFormat;   ///< number format of displayed sizes
+  bool fIncludeUnit = true;
+};
+
 /// Page geometry, drawing scale and title data of a document.
 ///
 /// Lengths are base points of paper: the drawing scale is not in them. A size property is in document units
 /// in emLabelling and in millimetres in the other modes; margins, gaps and the inner circle are in document
 /// units everywhere. A large unit (dm, m, ft, yd) counts as millimetres here. With continuous paper, and
 /// always outside emLabelling, label and paper follow each other.
-class TKDXMeasure final : public TPersistent {
+class TKDXMeasure final : public TPersistent, public TMeasureContent {
  public:
   /// The least width and height of label and paper.
   static constexpr int LeastSize = 5000;
@@ -120,23 +140,7 @@ class TKDXMeasure final : public TPersistent {
   // -------------------------------------------------------------------------------------------------------
 
   TKDXBaseLabel* fOwner;
-  int fHeight = 35000, fWidth = 60000;  ///< of one label
-  int fMarLeft = 5000, fMarTop = 10000;
-  int fDiHor = 4000, fDiVer = 4000;  ///< gaps between rows and between columns
-  int fNuHor = 7, fNuVer = 3;        ///< rows and columns
-  int fPaperHeight = 297000, fPaperWidth = 210000;
-  std::int16_t fPaperSize = 9;  ///< code of the paper table
-  int fInnerCircle = 0;         ///< hole of a round label
-  std::string fPaperName = "A4";
-  std::string fLabelName;
-  std::string fPromoter, fAuthor, fProject, fTitle, fDate, fNote;
-  int fPlanNumber = 1;
-  TKaldrixType fLabelType = ltRect;
   Single fML = 0, fMT = 0, fDH = 0, fDV = 0;  ///< margins and gaps as a loading component brings them
-  bool fContinousPaper = false;
-  Int64 fDrawScale = 1;  ///< the drawing is at 1:fDrawScale
-  std::string fFormat;   ///< number format of displayed sizes
-  bool fIncludeUnit = true;
 
  protected:
   const char* ClassName() const override { return "TKDXMeasure"; }

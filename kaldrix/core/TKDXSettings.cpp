@@ -1,7 +1,6 @@
 #include "kaldrix/core/TKDXSettings.hpp"
 
 #include <algorithm>
-#include <tuple>
 
 #include "kaldrix/core/HeldBase.hpp"
 #include "kaldrix/core/JsonFields.hpp"
@@ -15,16 +14,12 @@ namespace {
 constexpr int LeastTermSize = 500;  ///< base points
 constexpr int LeastLinkGap = 0;
 
-auto Values(auto& aSettings) {
-  return std::tie(aSettings.fTermColor, aSettings.fFillTermColor, aSettings.fTermSize, aSettings.fLinkGap);
-}
-
 }  // namespace
 
 void TKDXSettings::Assign(const TPersistent& aSource) {
   const auto* source = dynamic_cast<const TKDXSettings*>(&aSource);
   if (source == nullptr) return TPersistent::Assign(aSource);
-  Values(*this) = Values(*source);
+  static_cast<TSettingsContent&>(*this) = *source;
 }
 
 void TKDXSettings::SetPaintColor(TAlphaColor& aField, TAlphaColor aValue) {

@@ -9,8 +9,16 @@ namespace Zor::inline Base {
 
 class TKDXBaseLabel;
 
+/// What a file holds of the settings; sizes are base points of paper.
+struct TSettingsContent {
+  TAlphaColor fTermColor = ColorBlack;
+  TAlphaColor fFillTermColor = ColorWhite;
+  int fTermSize = 2500;
+  int fLinkGap = 5000;
+};
+
 /// What new terminators and links of a document start with. Sizes are base points of paper.
-class TKDXSettings final : public TPersistent {
+class TKDXSettings final : public TPersistent, public TSettingsContent {
  public:
   explicit TKDXSettings(TKDXBaseLabel* aOwner) : fOwner(aOwner) {}
 
@@ -36,10 +44,6 @@ class TKDXSettings final : public TPersistent {
   void ReadJson(int aVersion, TJsonObject& aJson);
 
   TKDXBaseLabel* fOwner;
-  TAlphaColor fTermColor = ColorBlack;
-  TAlphaColor fFillTermColor = ColorWhite;
-  int fTermSize = 2500;
-  int fLinkGap = 5000;
 
  protected:
   const char* ClassName() const override { return "TKDXSettings"; }

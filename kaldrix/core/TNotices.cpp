@@ -9,7 +9,7 @@ namespace Zor::inline Base {
 bool TNotices::IsHeld() const { return fHolds > 0 || fDocument.fStates.Has(lsUpdating); }
 
 bool TNotices::Note(TKDXBaseItem& aItem, TNotice aNotice) {
-  if (!Listens() || fReplaced || aItem.fNotice != TNotice::None) return false;
+  if (!Listens() || fReplaced || aItem.fNotice != TNotice::Nothing) return false;
   try {
     // At the place of one that was freed another may stand by now.
     if (aNotice == TNotice::Came && !fGone.empty()) fGone.erase(&aItem);
@@ -41,8 +41,8 @@ void TNotices::ForgetItems() {
 }
 
 void TNotices::Goes(TKDXBaseItem& aItem) {
-  const TNotice former = std::exchange(aItem.fNotice, TNotice::None);
-  if (former != TNotice::None && !fReplaced) fGone.insert(&aItem);
+  const TNotice former = std::exchange(aItem.fNotice, TNotice::Nothing);
+  if (former != TNotice::Nothing && !fReplaced) fGone.insert(&aItem);
   if (!Listens() || fReplaced || former == TNotice::Came) return;
   TellAll([&aItem](IZOItemObserver& observer) { observer.ItemGoes(aItem); });
 }
@@ -77,8 +77,8 @@ void TNotices::TellItems() {
   for (std::size_t i = 0; i < fItems.size(); ++i) {
     TKDXBaseItem* item = fItems[i];
     if (!fGone.empty() && fGone.contains(item)) continue;
-    const TNotice notice = std::exchange(item->fNotice, TNotice::None);
-    if (notice == TNotice::None) continue;
+    const TNotice notice = std::exchange(item->fNotice, TNotice::Nothing);
+    if (notice == TNotice::Nothing) continue;
     TellAll([item, notice](IZOItemObserver& observer) {
       notice == TNotice::Came ? observer.ItemCame(*item) : observer.ItemChanged(*item);
     });

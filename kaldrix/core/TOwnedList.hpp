@@ -15,6 +15,12 @@ class TOwnedList {
   TOwnedList() = default;
   TOwnedList(const TOwnedList&) = delete;
   TOwnedList& operator=(const TOwnedList&) = delete;
+  TOwnedList(TOwnedList&& aOther) noexcept : fMembers(std::exchange(aOther.fMembers, {})) {}
+  TOwnedList& operator=(TOwnedList&& aOther) noexcept {
+    TOwnedList former(std::move(*this));
+    fMembers.swap(aOther.fMembers);
+    return *this;
+  }
   ~TOwnedList() { Clear(); }
 
   int Count() const { return static_cast<int>(fMembers.size()); }
@@ -55,7 +61,6 @@ class TOwnedList {
     }
   }
   void Clear() { Truncate(0); }
-  void Swap(TOwnedList& aOther) { fMembers.swap(aOther.fMembers); }
 
   void Move(int aFrom, int aTo) {
     T* member = fMembers[static_cast<std::size_t>(aFrom)];

@@ -8,6 +8,8 @@ namespace Zor::inline Base {
 
 TUndoStack::TUndoStack() = default;
 TUndoStack::~TUndoStack() = default;
+TUndoStack::TUndoStack(TUndoStack&&) noexcept = default;
+TUndoStack& TUndoStack::operator=(TUndoStack&&) noexcept = default;
 
 void TUndoStack::Push(std::unique_ptr<TKDXCmd> aCommand) { fCommands.push_back(std::move(aCommand)); }
 

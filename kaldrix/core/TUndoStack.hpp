@@ -12,8 +12,8 @@ class TUndoStack {
  public:
   TUndoStack();
   ~TUndoStack();
-  TUndoStack(const TUndoStack&) = delete;
-  TUndoStack& operator=(const TUndoStack&) = delete;
+  TUndoStack(TUndoStack&&) noexcept;
+  TUndoStack& operator=(TUndoStack&&) noexcept;
 
   bool IsEmpty() const { return fCommands.empty(); }
   int Count() const { return static_cast<int>(fCommands.size()); }
@@ -30,7 +30,6 @@ class TUndoStack {
   void Clear();
   /// Frees the commands above so many.
   void Shrink(int aCount);
-  void Swap(TUndoStack& aOther) { fCommands.swap(aOther.fCommands); }
 
  private:
   std::vector<std::unique_ptr<TKDXCmd>> fCommands;

@@ -73,7 +73,10 @@ bool TKDXFileLabel::IsBinary(std::string_view aBytes) { return aBytes.starts_wit
 
 // Reading -------------------------------------------------------------------------
 
+// What observers throw goes out at the end of a load, and is no fault of the file.
+
 void TKDXFileLabel::LoadFromFile(const std::string& aFilename) {
+  const TNoticeHold hold(*this);
   const std::string bytes = ReadFile(aFilename);
   try {
     LoadFromBytes(bytes);
@@ -83,13 +86,14 @@ void TKDXFileLabel::LoadFromFile(const std::string& aFilename) {
 }
 
 void TKDXFileLabel::LoadFromBytes(std::string_view aBytes) {
+  const TNoticeHold hold(*this);
   if (IsBinary(aBytes)) {
     const std::string_view payload = Payload(aBytes);
     TContentKeeper keeper(*this);
     BeginRead(false);
     ReadBinary(payload);
-    keeper.Commit();
     EndRead(true);
+    keeper.Commit();
   } else if (!LoadJsonInPassing(aBytes)) {
     LoadJsonTree(aBytes);
   }
@@ -102,12 +106,12 @@ bool TKDXFileLabel::LoadJsonInPassing(std::string_view aBytes) {
     TItemsInPassing items(*this);
     const std::unique_ptr<TJsonObject> behind = TJsonReader(aBytes).ReadObject("Items", items);
     if (!items.fReads || behind->Count() > 0) return false;
+    EndRead(true);
     keeper.Commit();
+    return true;
   } catch (const Exception&) {
     return false;
   }
-  EndRead(true);
-  return true;
 }
 
 void TKDXFileLabel::LoadJsonTree(std::string_view aBytes) {
@@ -119,8 +123,8 @@ void TKDXFileLabel::LoadJsonTree(std::string_view aBytes) {
   TContentKeeper keeper(*this);
   BeginRead(false);
   ReadJsonDocument(*json);
-  keeper.Commit();
   EndRead(true);
+  keeper.Commit();
 }
 
 void TKDXFileLabel::ReadBinary(std::string_view aPayload) {
