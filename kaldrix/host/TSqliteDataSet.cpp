@@ -2,10 +2,14 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "kaldrix/json/JsonDateTime.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
+#include "kaldrix/platform/Format.hpp"
 #include "kaldrix/platform/TextNumbers.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
@@ -94,11 +98,11 @@ class TSqliteDataSet::TColumn final : public TField {
   TDateTime AsDateTime() const override {
     switch (Type(fOwner.Row())) {
       case SQLITE_INTEGER:
-        return static_cast<double>(AsInteger()) / SecondsOfDay + UnixEpoch;
+        return DateOfDays(AsFloat() / SecondsOfDay + UnixEpoch);
       case SQLITE_FLOAT:
-        return AsFloat() - JulianOrigin;
+        return DateOfDays(AsFloat() - JulianOrigin);
       case SQLITE_TEXT:
-        return DateOfText(AsString());
+        return DateOfText();
       default:
         return 0;
     }
@@ -116,15 +120,28 @@ class TSqliteDataSet::TColumn final : public TField {
     if (aStart == nullptr) return {};
     return {static_cast<const char*>(aStart), static_cast<std::size_t>(sqlite3_column_bytes(aRow, fIndex))};
   }
-  TDateTime DateOfText(const std::string& aText) const {
+  /// Of days since 1899-12-30 that count on evenly.
+  TDateTime DateOfDays(double aDays) const {
+    constexpr double mostDays = 1e7;  // well beyond the calendar, well within whole numbers
+    try {
+      return DateTimeOf(std::llround(std::clamp(aDays, -mostDays, mostDays) * SecondsOfDay * 1000));
+    } catch (const ERangeError&) {
+      RaiseNoDate();
+    }
+  }
+  TDateTime DateOfText() const {
+    const std::string text = AsString();
     try {
       // A time alone is one of the first day.
-      const bool timeOnly = aText.find('-') == std::string::npos;
-      return JsonDateTimeOfText(timeOnly ? "1899-12-30 " + aText : aText, false);
+      const bool timeOnly = text.find('-') == std::string::npos;
+      return JsonDateTimeOfText(timeOnly ? "1899-12-30 " + text : text, false);
     } catch (const Exception&) {
-      fOwner.Raise("column \"" + fName + "\", record " + std::to_string(fOwner.fRecNo) + ": \"" + aText +
-                   "\" is no date");
+      RaiseNoDate();
     }
+  }
+  [[noreturn]] void RaiseNoDate() const {
+    fOwner.Raise("column \"" + fName + "\", record " + std::to_string(fOwner.fRecNo) + ": \"" + AsString() +
+                 "\" is no date");
   }
 
   const TSqliteDataSet& fOwner;

@@ -1,7 +1,9 @@
 #include "kaldrix/json/JsonDateTime.hpp"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -15,9 +17,25 @@ namespace Zor::inline Jsondataobjects {
 
 namespace {
 
-constexpr double MinutesPerDay = 1440.0;
+constexpr std::int64_t MillisecondsPerMinute = 60'000;
 
-std::tm CalendarOf(double aValue) {
+/// 1970-01-01, as MillisecondsOf counts.
+constexpr std::chrono::milliseconds ClockZero = std::chrono::days{25569};
+
+std::int64_t ZoneOffsetAt(std::time_t aMoment) {
+  std::tm local{};
+  localtime_r(&aMoment, &local);
+  return local.tm_gmtoff * std::int64_t{1000};
+}
+
+/// Local time minus UTC, in milliseconds, at a moment of UTC.
+std::int64_t ZoneOffsetOfUtc(std::int64_t aMoment) {
+  const auto clock = std::chrono::milliseconds{aMoment} - ClockZero;
+  return ZoneOffsetAt(std::chrono::floor<std::chrono::seconds>(clock).count());
+}
+
+/// The same at a moment of local time.
+std::int64_t ZoneOffsetOfLocal(double aValue) {
   const TDateTimeParts parts = DecodeDateTime(aValue);
   std::tm calendar{};
   calendar.tm_year = parts.Year - 1900;
@@ -26,17 +44,8 @@ std::tm CalendarOf(double aValue) {
   calendar.tm_hour = parts.Hour;
   calendar.tm_min = parts.Minute;
   calendar.tm_sec = parts.Second;
-  return calendar;
-}
-
-/// Local time minus UTC, in days, at a moment that is given in one of the two.
-double ZoneOffset(double aValue, bool aIsUtc) {
-  std::tm calendar = CalendarOf(aValue);
   calendar.tm_isdst = -1;
-  const std::time_t moment = aIsUtc ? timegm(&calendar) : std::mktime(&calendar);
-  std::tm local{};
-  localtime_r(&moment, &local);
-  return static_cast<double>(local.tm_gmtoff) / 86400.0;
+  return ZoneOffsetAt(std::mktime(&calendar));
 }
 
 /// Takes the parts of a date text from the front.
@@ -80,6 +89,9 @@ class TDateText {
 struct TStamp {
   double Value;
   std::optional<int> OffsetMinutes;  ///< Local time minus UTC; none when the text does not tell.
+
+  /// For a text that tells its zone.
+  std::int64_t Utc() const { return MillisecondsOf(Value) - *OffsetMinutes * MillisecondsPerMinute; }
 };
 
 /// "hh:mm", seconds and fraction, into `aParts`.
@@ -111,7 +123,7 @@ bool ReadZone(TDateText& aText, std::optional<int>& aMinutes) {
   const auto hours = aText.Number(2);
   aText.Take(":");
   const auto minutes = aText.Number(2);
-  if (!hours || !minutes) return false;
+  if (!hours || !minutes || *hours > 23 || *minutes > 59) return false;
   aMinutes = (*hours * 60 + *minutes) * (east ? 1 : -1);
   return aText.AtEnd();
 }
@@ -132,40 +144,62 @@ std::optional<TStamp> ReadStamp(TDateText aText) {
   return stamp;
 }
 
-std::optional<TStamp> StampOf(std::string_view aText) {
-  try {
-    return ReadStamp(TDateText(aText));
-  } catch (const ERangeError&) {  // a date that the calendar does not have
-    return std::nullopt;
-  }
+/// None for a text that is no date.
+std::optional<double> DateOf(std::string_view aText, bool aAsUtc) {
+  const std::optional<TStamp> stamp = ReadStamp(TDateText(aText));
+  if (!stamp) return std::nullopt;
+  if (!stamp->OffsetMinutes) return aAsUtc ? LocalToUtc(stamp->Value) : stamp->Value;
+  const std::int64_t utc = stamp->Utc();
+  return DateTimeOf(aAsUtc ? utc : utc + ZoneOffsetOfUtc(utc));
 }
 
-}  // namespace
-
-double LocalToUtc(double aValue) { return aValue - ZoneOffset(aValue, false); }
-double UtcToLocal(double aValue) { return aValue + ZoneOffset(aValue, true); }
-
-std::string JsonDateTimeText(double aValue, bool aIsUtc) {
-  const bool asUtc = JsonSerializationConfig().UseUtcTime;
-  if (asUtc != aIsUtc) aValue = asUtc ? LocalToUtc(aValue) : UtcToLocal(aValue);
+std::string TimeText(double aValue) {
   const TDateTimeParts parts = DecodeDateTime(aValue);
   char text[96];
   std::snprintf(text, sizeof text, "%.4d-%.2d-%.2dT%.2d:%.2d:%.2d.%d", parts.Year, parts.Month, parts.Day,
                 parts.Hour, parts.Minute, parts.Second, parts.Millisecond);
-  if (asUtc) return std::string(text) + "Z";
-  const int offset = static_cast<int>(std::lround(ZoneOffset(aValue, false) * MinutesPerDay));
-  char zone[32];
-  std::snprintf(zone, sizeof zone, "%c%.2d:%.2d", offset < 0 ? '-' : '+', std::abs(offset) / 60,
-                std::abs(offset) % 60);
-  return std::string(text) + zone;
+  return text;
+}
+
+std::string ZoneText(int aMinutes) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%c%.2d:%.2d", aMinutes < 0 ? '-' : '+', std::abs(aMinutes) / 60,
+                std::abs(aMinutes) % 60);
+  return text;
+}
+
+/// A moment of UTC or of local time, in local time with its offset.
+std::string LocalText(double aValue, bool aIsUtc) {
+  const std::int64_t moment = MillisecondsOf(aValue);
+  const std::int64_t offset = aIsUtc ? ZoneOffsetOfUtc(moment) : ZoneOffsetOfLocal(aValue);
+  // The local times of old had seconds in their offset, for which a text has no place: it keeps the moment.
+  const auto minutes =
+      static_cast<int>(std::lround(static_cast<double>(offset) / static_cast<double>(MillisecondsPerMinute)));
+  const std::int64_t told = minutes * MillisecondsPerMinute;
+  return TimeText(DateTimeOf(moment + told - (aIsUtc ? 0 : offset))) + ZoneText(minutes);
+}
+
+}  // namespace
+
+double LocalToUtc(double aValue) { return DateTimeOf(MillisecondsOf(aValue) - ZoneOffsetOfLocal(aValue)); }
+double UtcToLocal(double aValue) {
+  const std::int64_t moment = MillisecondsOf(aValue);
+  return DateTimeOf(moment + ZoneOffsetOfUtc(moment));
+}
+
+std::string JsonDateTimeText(double aValue, bool aIsUtc) {
+  if (!JsonSerializationConfig().UseUtcTime) return LocalText(aValue, aIsUtc);
+  return TimeText(aIsUtc ? aValue : LocalToUtc(aValue)) + "Z";
 }
 
 double JsonDateTimeOfText(std::string_view aText, bool aAsUtc) {
-  const std::optional<TStamp> stamp = StampOf(aText);
-  if (!stamp) throw EConvertError("'" + std::string(aText) + "' is not a valid date and time");
-  if (!stamp->OffsetMinutes) return aAsUtc ? LocalToUtc(stamp->Value) : stamp->Value;
-  const double utc = stamp->Value - *stamp->OffsetMinutes / MinutesPerDay;
-  return aAsUtc ? utc : UtcToLocal(utc);
+  std::optional<double> date;
+  try {
+    date = DateOf(aText, aAsUtc);
+  } catch (const ERangeError&) {  // a date that the calendar does not have
+  }
+  if (!date) throw EConvertError("'" + std::string(aText) + "' is not a valid date and time");
+  return *date;
 }
 
 }  // namespace Zor::inline Jsondataobjects

@@ -16,7 +16,8 @@ std::string JsonDateTimeText(double aValue, bool aIsUtc);
 /// of milliseconds, since that is how they are written. Raises EConvertError.
 double JsonDateTimeOfText(std::string_view aText, bool aAsUtc);
 
-/// Between local time and UTC by the time zone of the process.
+/// Between local time and UTC by the time zone of the process, to the millisecond. Raise ERangeError outside
+/// the years 1 to 9999.
 double LocalToUtc(double aValue);
 double UtcToLocal(double aValue);
 

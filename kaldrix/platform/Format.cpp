@@ -242,6 +242,15 @@ constexpr int DayNumber(std::chrono::sys_days aDay) { return static_cast<int>((a
 
 constexpr int FirstDay = DayNumber(std::chrono::year{1} / 1 / 1);
 constexpr int LastDay = DayNumber(std::chrono::year{9999} / 12 / 31);
+constexpr std::int64_t FirstMillisecond = FirstDay * MillisecondsOfDay;
+constexpr std::int64_t LastMillisecond = (LastDay + 1) * MillisecondsOfDay - 1;
+
+/// The day that a moment lies in, as DayNumber counts them.
+constexpr std::int64_t DayOf(std::int64_t aMoment) {
+  return (aMoment - FirstMillisecond) / MillisecondsOfDay + FirstDay;
+}
+
+[[noreturn]] void RaiseYears() { throw ERangeError("The date is outside the years 1 to 9999"); }
 
 char Lowered(char aChar) { return aChar >= 'A' && aChar <= 'Z' ? static_cast<char>(aChar + 32) : aChar; }
 
@@ -401,23 +410,29 @@ TDateTime EncodeDateTime(int aYear, int aMonth, int aDay, int aHour, int aMinute
                                          std::chrono::month{static_cast<unsigned>(aMonth)},
                                          std::chrono::day{static_cast<unsigned>(aDay)}};
   if (!inRange || !date.ok()) throw ERangeError("There is no such date or time");
-  const int day = DayNumber(date);
-  const double time = (((aHour * 60.0 + aMinute) * 60.0 + aSecond) * 1000.0 + aMillisecond) /
-                      static_cast<double>(MillisecondsOfDay);
-  return day < 0 ? day - time : day + time;
+  const std::int64_t time = ((aHour * 60 + aMinute) * 60 + aSecond) * std::int64_t{1000} + aMillisecond;
+  return DateTimeOf(DayNumber(date) * MillisecondsOfDay + time);
+}
+
+std::int64_t MillisecondsOf(TDateTime aValue) {
+  if (!(aValue > FirstDay - 1 && aValue < LastDay + 1)) RaiseYears();
+  const double whole = std::trunc(aValue);
+  const std::int64_t time = std::llround(std::fabs(aValue - whole) * static_cast<double>(MillisecondsOfDay));
+  return std::min(static_cast<std::int64_t>(whole) * MillisecondsOfDay + time, LastMillisecond);
+}
+
+TDateTime DateTimeOf(std::int64_t aMilliseconds) {
+  if (aMilliseconds < FirstMillisecond || aMilliseconds > LastMillisecond) RaiseYears();
+  const std::int64_t day = DayOf(aMilliseconds);
+  const double time =
+      static_cast<double>(aMilliseconds - day * MillisecondsOfDay) / static_cast<double>(MillisecondsOfDay);
+  return static_cast<double>(day) + (day < 0 ? -time : time);
 }
 
 TDateTimeParts DecodeDateTime(TDateTime aValue) {
-  if (!(aValue > FirstDay - 1 && aValue < LastDay + 1))
-    throw ERangeError("The date is outside the years 1 to 9999");
-  const double whole = std::trunc(aValue);
-  std::int64_t time = std::llround(std::fabs(aValue - whole) * static_cast<double>(MillisecondsOfDay));
-  int day = static_cast<int>(whole);
-  if (time == MillisecondsOfDay) {
-    time = 0;
-    ++day;
-  }
-  const std::chrono::year_month_day date{DateZero + std::chrono::days{std::clamp(day, FirstDay, LastDay)}};
+  const std::int64_t moment = MillisecondsOf(aValue), day = DayOf(moment),
+                     time = moment - day * MillisecondsOfDay;
+  const std::chrono::year_month_day date{DateZero + std::chrono::days{day}};
   const auto part = [&](std::int64_t aUnit, std::int64_t aCount) {
     return static_cast<int>(time / aUnit % aCount);
   };

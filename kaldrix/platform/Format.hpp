@@ -2,6 +2,7 @@
 // the locale.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -41,7 +42,13 @@ TDateTime EncodeDateTime(int aYear, int aMonth, int aDay, int aHour = 0, int aMi
 struct TDateTimeParts {
   int Year, Month, Day, Hour, Minute, Second, Millisecond;
 };
-/// ERangeError outside the years 1 to 9999.
+/// To the nearest millisecond, at the end of 9999 the last one. ERangeError outside the years 1 to 9999.
 TDateTimeParts DecodeDateTime(TDateTime aValue);
+
+/// The same moment in whole milliseconds since 1899-12-30 00:00, before it negative: they count on evenly, so
+/// that times are added and compared in them. Rounded and limited as DecodeDateTime.
+std::int64_t MillisecondsOf(TDateTime aValue);
+/// ERangeError outside the years 1 to 9999.
+TDateTime DateTimeOf(std::int64_t aMilliseconds);
 
 }  // namespace Zor

@@ -88,6 +88,14 @@ TEST_F(SqliteDataSet, DatesAreTextsSecondsOrJulianDays) {
   }
   TSqliteDataSet set(file.Name(), "SELECT '06:00' AS t");
   EXPECT_NEAR(set.Fields(0).AsDateTime(), 0.25, 1e-12);
+  for (const char* value :
+       {"'1850-06-01 06:00'", "unixepoch('1850-06-01 06:00')", "julianday('1850-06-01 06:00')"}) {
+    TSqliteDataSet old(file.Name(), std::string("SELECT ") + value + " AS d");
+    EXPECT_EQ(old.Fields(0).AsDateTime(), EncodeDateTime(1850, 6, 1, 6)) << value;
+  }
+  TSqliteDataSet far(file.Name(), "SELECT 9e15, CAST(9e15 AS INTEGER)");
+  EXPECT_THROW(far.Fields(0).AsDateTime(), Exception);
+  EXPECT_THROW(far.Fields(1).AsDateTime(), Exception);
 }
 
 TEST_F(SqliteDataSet, AnEmptyResultHasFieldsAndNoRecord) {

@@ -60,6 +60,36 @@ TEST(JsonWriter, DatesAreWrittenInUtc) {
   }
 }
 
+TEST(JsonWriter, DatesOfOldKeepTheirMoment) {
+  const TJsonDataValue early("1850-06-01T01:30:00+02:00"), late("1850-05-31T18:30:00-05:00");
+  EXPECT_EQ(early.GetUtcDateTime(), EncodeDateTime(1850, 5, 31, 23, 30));
+  EXPECT_EQ(late.GetUtcDateTime(), EncodeDateTime(1850, 5, 31, 23, 30));
+  EXPECT_EQ(TJsonDataValue("1899-12-30T01:00+02:00").GetUtcDateTime(), EncodeDateTime(1899, 12, 29, 23));
+
+  // Zones: one east, one west, and the local time of Amsterdam with its 32 seconds.
+  for (const char* zone : {"CET-1", "EST5", "LMT-0:19:32"}) {
+    setenv("TZ", zone, 1);
+    tzset();
+    for (const bool utc : {true, false}) {
+      JsonSerializationConfig().UseUtcTime = utc;
+      for (const TDateTime date :
+           {EncodeDateTime(1, 1, 2, 3), EncodeDateTime(1850, 6, 1, 6, 30),
+            EncodeDateTime(1899, 12, 29, 23, 59, 59, 999), EncodeDateTime(1899, 12, 30),
+            EncodeDateTime(1900, 2, 28, 23, 30), EncodeDateTime(9999, 12, 30)}) {
+        TJsonArray dates;
+        dates.AddDateTime(date);
+        dates.AddUtcDateTime(date);
+        dates.FromJSON(dates.ToJSON());
+        EXPECT_EQ(dates.GetDateTime(0), date) << zone << ' ' << dates.ToJSON();
+        EXPECT_EQ(dates.GetUtcDateTime(1), date) << zone << ' ' << dates.ToJSON();
+      }
+    }
+  }
+  JsonSerializationConfig().UseUtcTime = true;
+  EXPECT_THROW(TJsonDataValue("0001-01-01T00:00+01:00").GetUtcDateTime(), EConvertError);
+  EXPECT_THROW(TJsonDataValue("2024-05-01T00:00+24:00").GetUtcDateTime(), EConvertError);
+}
+
 TEST(JsonWriter, FilesAndStreamsGoRound) {
   const auto tree = TJsonBaseObject::Parse("{\"a\":[1,2.5,\"\xC3\xA4\"]}");
   const std::string file = testing::TempDir() + "kaldrix_json_writer_test.json";

@@ -118,6 +118,8 @@ TEST(FormatDateTime, CalendarAndItsLimits) {
   EXPECT_EQ(EncodeDateTime(1970, 1, 1), 25569.0);
   EXPECT_EQ(FormatDateTime("", -1.25), "1899-12-29 06:00:00");
   EXPECT_EQ(FormatDateTime("", 45000.9999999999), "2023-03-16 00:00:00") << "rounds into the next day";
+  EXPECT_EQ(FormatDateTime("", -1.9999999999), "1899-12-30 00:00:00") << "and into the first";
+  EXPECT_EQ(FormatDateTime("", 2958465.9999999999), "9999-12-31 23:59:59") << "but not beyond the last";
   for (const TDateTime value :
        {EncodeDateTime(1, 1, 1, 1, 2, 3), EncodeDateTime(9999, 12, 31, 23, 59, 59, 999),
         EncodeDateTime(1899, 12, 29, 6), EncodeDateTime(2000, 2, 29)}) {
@@ -127,8 +129,26 @@ TEST(FormatDateTime, CalendarAndItsLimits) {
   for (const double wrong : {1e300, -1e300, 2958466.0, -693595.0, std::nan("")}) {
     EXPECT_THROW(FormatDateTime("", wrong), ERangeError) << wrong;
   }
-  EXPECT_THROW(EncodeDateTime(2023, 2, 29), ERangeError);
+  EXPECT_EQ(EncodeDateTime(1900, 3, 1) - EncodeDateTime(1900, 2, 28), 1) << "1900 is no leap year";
+  for (const int year : {1900, 2023}) EXPECT_THROW(EncodeDateTime(year, 2, 29), ERangeError) << year;
   EXPECT_THROW(EncodeDateTime(2023, 1, 1, 24), ERangeError);
+}
+
+TEST(FormatDateTime, MillisecondsCountOnEvenly) {
+  constexpr std::int64_t hour = 3'600'000;
+  const TDateTime dawn = EncodeDateTime(1899, 12, 29, 6);
+  EXPECT_EQ(dawn, -1.25);
+  EXPECT_EQ(MillisecondsOf(dawn), -18 * hour);
+  EXPECT_EQ(DateTimeOf(MillisecondsOf(dawn) + 12 * hour), -1.75);
+  EXPECT_EQ(DateTimeOf(MillisecondsOf(dawn) + 24 * hour), 0.25);
+  EXPECT_EQ(DateTimeOf(MillisecondsOf(dawn) - 7 * hour), EncodeDateTime(1899, 12, 28, 23));
+  EXPECT_EQ(MillisecondsOf(-0.25), 6 * hour) << "the first day has two signs";
+  const std::int64_t first = MillisecondsOf(EncodeDateTime(1, 1, 1));
+  const std::int64_t last = MillisecondsOf(EncodeDateTime(9999, 12, 31, 23, 59, 59, 999));
+  EXPECT_EQ(FormatDateTime("", DateTimeOf(first)), "0001-01-01 00:00:00");
+  EXPECT_EQ(FormatDateTime("", DateTimeOf(last)), "9999-12-31 23:59:59");
+  EXPECT_THROW(DateTimeOf(first - 1), ERangeError);
+  EXPECT_THROW(DateTimeOf(last + 1), ERangeError);
 }
 
 }  // namespace
