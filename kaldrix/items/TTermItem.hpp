@@ -56,8 +56,8 @@ class TTermItem : public TStyledItem<TBase>, public IZORSTerm {
     this->template Change<TKDXBaseValueCmd>(fSizeTo, Held(aMM), 4, &TKDXBaseItem::StateUpdate);
   }
   /// Records whether the value changes or not.
-  void SetBaseSizeFrom(int aBase) override { SetBase(fSizeFrom, aBase, 3); }
-  void SetBaseSizeTo(int aBase) override { SetBase(fSizeTo, aBase, 4); }
+  void SetBaseSizeFrom(int aBase) override { TakeBaseSize(fSizeFrom, aBase, 3); }
+  void SetBaseSizeTo(int aBase) override { TakeBaseSize(fSizeTo, aBase, 4); }
 
   TZORTermType fFromType = ttNone, fToType = ttNone;
   TAlphaColor fFromColor, fToColor;
@@ -105,7 +105,7 @@ class TTermItem : public TStyledItem<TBase>, public IZORSTerm {
     const double base = static_cast<double>(Finite(aMM)) * BaseInMM;
     return static_cast<int>(RoundLength(std::min<double>(std::max<double>(LeastTerm, base), MostTerm)));
   }
-  void SetBase(int& aField, int aBase, int aIndex) {
+  void TakeBaseSize(int& aField, int aBase, int aIndex) {
     const typename TBase::TEdit edit(*this);
     TKDXBaseValueCmd::AddCommand(*this, aIndex);
     aField = std::clamp(aBase, LeastTerm, MostTerm);
