@@ -4,7 +4,6 @@
 #include <string>
 
 #include "kaldrix/core/ItemSweep.hpp"
-#include "kaldrix/core/TOwnedList.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Base {
@@ -14,29 +13,28 @@ TKDXBaseItem* TItemIndex::Find(int aInID) {
   return fByIdentity.Find(aInID);
 }
 
-bool TItemIndex::MayRepeat(std::string_view aName, const TKDXBaseItem* aItem) {
-  if (!fHasNames) BuildNames();
-  const std::uint64_t key = NameKey(aName);
-  const int count = fNames.Find(key);
-  if (count == 0) return false;
-  const int own = aItem != nullptr && NameKey(aItem->fID) == key ? 1 : 0;
-  return count > own;
-}
-
 void TItemIndex::Add(TKDXBaseItem& aItem) {
   if (fHasIdentities) AddIdentity(aItem);
-  if (fHasNames) AddName(aItem);
+  if (HasNames()) AddName(aItem);
 }
 
 void TItemIndex::Remove(const TKDXBaseItem& aItem) {
   if (fHasIdentities && fByIdentity.Find(aItem.fInID) == &aItem) fByIdentity.Remove(aItem.fInID);
-  if (fHasNames) RemoveName(aItem);
+  if (HasNames()) RemoveName(aItem);
 }
 
 void TItemIndex::Clear() {
   fByIdentity.Clear();
-  fNames.Clear();
-  fHasIdentities = fHasNames = false;
+  fHasIdentities = false;
+  ForgetNames();
+}
+
+void TItemIndex::BeforeMove(const TKDXBaseItem& aItem) {
+  if (HasNames()) RemoveName(aItem);
+}
+
+void TItemIndex::AfterMove(TKDXBaseItem& aItem) {
+  if (HasNames()) AddName(aItem);
 }
 
 std::uint64_t TItemIndex::NameKey(std::string_view aName) {
@@ -47,15 +45,28 @@ void TItemIndex::AddIdentity(TKDXBaseItem& aItem) {
   if (fByIdentity.Find(aItem.fInID) == nullptr) fByIdentity.Put(aItem.fInID, &aItem);
 }
 
-void TItemIndex::AddName(const TKDXBaseItem& aItem) {
+void TItemIndex::AddName(TKDXBaseItem& aItem) {
   const std::uint64_t key = NameKey(aItem.fID);
-  fNames.Put(key, fNames.Find(key) + 1);
+  TKDXBaseItem* first = fNames.Find(key);
+  if (first == nullptr) return fNames.Put(key, &aItem);
+  TKDXBaseItem* other = &aItem;
+  if (TItemList::RankOf(aItem) < TItemList::RankOf(*first)) {
+    other = first;
+    fNames.Put(key, &aItem);
+  }
+  fRepeats.emplace(TPlace{key, TItemList::RankOf(*other)}, other);
 }
 
 void TItemIndex::RemoveName(const TKDXBaseItem& aItem) {
   const std::uint64_t key = NameKey(aItem.fID);
-  const int count = fNames.Find(key);
-  count > 1 ? fNames.Put(key, count - 1) : fNames.Remove(key);
+  if (fNames.Find(key) != &aItem) {
+    fRepeats.erase({key, TItemList::RankOf(aItem)});
+    return;
+  }
+  const auto next = Repeats(key);
+  if (next == fRepeats.end() || next->first.first != key) return fNames.Remove(key);
+  fNames.Put(key, next->second);
+  fRepeats.erase(next);
 }
 
 void TItemIndex::BuildIdentities() {
@@ -64,10 +75,23 @@ void TItemIndex::BuildIdentities() {
   fHasIdentities = true;
 }
 
-void TItemIndex::BuildNames() {
+void TItemIndex::NeedNames() {
+  if (HasNames()) return;
   fNames.Reserve(static_cast<std::size_t>(fItems.Count()));
-  for (const TKDXBaseItem* item : fItems) AddName(*item);
+  for (TKDXBaseItem* item : fItems) AddName(*item);
+  fNumbering = fItems.Numbering();
   fHasNames = true;
+}
+
+bool TItemIndex::HasNames() {
+  if (fHasNames && fNumbering != fItems.Numbering()) ForgetNames();
+  return fHasNames;
+}
+
+void TItemIndex::ForgetNames() {
+  fNames.Clear();
+  fRepeats.clear();
+  fHasNames = false;
 }
 
 }  // namespace Zor::inline Base

@@ -84,10 +84,10 @@ void TKDXBaseItem::SetAngle(TZORAngle aValue) {
 }
 
 void TKDXBaseItem::SetLayer(TKDXLayer& aLayer) {
-  if (&aLayer == fLayer) return fOwner->SortItemsZLayer();
+  if (&aLayer == fLayer) return fOwner->FollowLayer(*this);
   const TEdit edit(*this);
   fLayer = &aLayer;
-  fOwner->SortItemsZLayer();
+  fOwner->FollowLayer(*this);
 }
 
 void TKDXBaseItem::SetOptions(TZOLayerOpts aValue) { Keep(fOptions, aValue); }

@@ -291,6 +291,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   static bool SnapToFoot(const TZORPto& a, const TZORPto& b, Int64 ax, Int64 ay, int gap, TZORRef& aRef);
 
  private:
+  friend class TItemList;
   friend class TKDXBaseLabel;
   friend class TNotices;
 
@@ -306,6 +307,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   void ReadJsonPoints(TJsonArray& aPoints);
   void UpdateAfterPoint();
 
+  std::int64_t fRank = 0;     ///< in the list of the document, see TItemList
   bool fListed : 1 = false;   ///< stands in a list of the document
   bool fPending : 1 = false;  ///< waits in fCalcs
   TNotice fNotice = TNotice::Nothing;

@@ -55,7 +55,7 @@ void TKDXBaseLabel::Free(TKDXBaseItem& aItem) {
   delete &aItem;
 }
 
-void TKDXBaseLabel::FreeAll(TOwnedList<TKDXBaseItem>& aList) {
+void TKDXBaseLabel::FreeAll(TItemList& aList) {
   ++fGoneItems;
   if (&aList == &fItems) {
     fNotices.ForgetItems();
@@ -113,10 +113,7 @@ TKDXBaseItem* TKDXBaseLabel::SearchItem(const std::string& aID, bool aScrollToVi
 }
 
 TKDXBaseItem* TKDXBaseLabel::FindName(std::string_view aID) {
-  if (!fIndex.MayRepeat(aID, nullptr)) return nullptr;
-  const auto found = std::find_if(fItems.begin(), fItems.end(),
-                                  [aID](const TKDXBaseItem* item) { return SameText(item->fID, aID); });
-  return found == fItems.end() ? nullptr : *found;
+  return fIndex.FindName(aID, [aID](const TKDXBaseItem& item) { return SameText(item.fID, aID); });
 }
 
 TKDXBaseItem* TKDXBaseLabel::ElementByID(const std::string& aID, bool aSelect) {
@@ -131,11 +128,10 @@ TKDXBaseItem* TKDXBaseLabel::ElementByID(const std::string& aID, bool aSelect) {
 }
 
 bool TKDXBaseLabel::RepeatID(std::string_view aID, const TKDXBaseItem* aItem) {
-  if (!fIndex.MayRepeat(aID, aItem)) return false;
   const std::string_view name = Trim(aID);
-  return std::any_of(fItems.begin(), fItems.end(), [&](const TKDXBaseItem* item) {
-    return item != aItem && SameText(Trim(item->fID), name);
-  });
+  return fIndex.FindName(name, [&](const TKDXBaseItem& item) {
+    return &item != aItem && SameText(Trim(item.fID), name);
+  }) != nullptr;
 }
 
 // Deleting --------------------------------------------------
@@ -233,7 +229,9 @@ void TKDXBaseLabel::FreeMany(std::vector<TKDXBaseItem*>& aItems,
 
 void TKDXBaseLabel::TakeBack(TKDXBaseItem& aItem) {
   aItem.fListed = true;
+  fIndex.BeforeMove(aItem);
   fItems.Adopt(&aItem);
+  fIndex.AfterMove(aItem);
   if (aItem.fPending) fCalcs.push_back(&aItem);
 }
 
@@ -264,18 +262,20 @@ void TKDXBaseLabel::CleanLibray() {
 // Z-order --------------------------------------------------
 
 void TKDXBaseLabel::SendToBack() {
-  if (!fSelection.empty()) Restack(0);
+  if (!fSelection.empty()) Restack(*fSelection.front(), false);
 }
 
 void TKDXBaseLabel::BringToFront() {
-  if (!fSelection.empty()) Restack(fItems.Count() - 1);
+  if (!fSelection.empty()) Restack(*fSelection.front(), true);
 }
 
-void TKDXBaseLabel::Restack(int aPlace) {
-  const int place = fItems.IndexOf(fSelection.front());
-  if (place == aPlace) return;
+void TKDXBaseLabel::Restack(TKDXBaseItem& aItem, bool aTop) {
+  const int place = fItems.IndexOf(&aItem);
+  if (place < 0 || place == (aTop ? fItems.Count() - 1 : 0)) return;
   const TUpdateBracket bracket(*this, true);
-  fItems.Move(place, aPlace);
+  fIndex.BeforeMove(aItem);
+  fItems.MoveToEnd(aItem, aTop);
+  fIndex.AfterMove(aItem);
   fStates.Add(lsUpdate);
   NoteChange();
   fNotices.OrderChanged();

@@ -41,8 +41,10 @@ TKDXLayer& TKDXBaseLabel::AddLayer() {
 }
 
 int TKDXBaseLabel::LayerIdx(const TKDXLayer* aLayer) const {
-  const auto found = std::find(fLayers.begin(), fLayers.end(), aLayer);
-  return found == fLayers.end() ? -1 : static_cast<int>(found - fLayers.begin());
+  if (aLayer == nullptr) return -1;
+  int& place = aLayer->fPlace;
+  if (place < 0 || place >= fLayers.Count() || fLayers[place] != aLayer) place = fLayers.IndexOf(aLayer);
+  return place;
 }
 
 bool TKDXBaseLabel::ExchangeLayers(int aIdx1, int aIdx2) {
@@ -112,9 +114,17 @@ std::vector<std::string> TKDXBaseLabel::GetLayersNames() const {
 
 void TKDXBaseLabel::SortItemsZLayer() {
   if (!fLayerZOrder || fLayers.Count() < 2) return;
-  fItems.StableSort([this](const TKDXBaseItem* a, const TKDXBaseItem* b) {
-    return LayerIdx(a->fLayer) < LayerIdx(b->fLayer);
-  });
+  const bool moves = fItems.SortBy([this](const TKDXBaseItem& item) { return LayerIdx(item.fLayer); });
+  if (moves) fNotices.OrderChanged();
+}
+
+void TKDXBaseLabel::FollowLayer(const TKDXBaseItem& aItem) {
+  if (!fLayerZOrder || fLayers.Count() < 2) return fItems.ForgetOrder();
+  const bool moves = fItems.SortAgain(
+      aItem, [this](const TKDXBaseItem& item) { return LayerIdx(item.fLayer); },
+      [this](TKDXBaseItem& item) { fIndex.BeforeMove(item); },
+      [this](TKDXBaseItem& item) { fIndex.AfterMove(item); });
+  if (moves) fNotices.OrderChanged();
 }
 
 void TKDXBaseLabel::SetLayerZOrder(bool aValue) {

@@ -26,7 +26,7 @@ std::uint32_t CellKey(int aRow, int aColumn) {
 /// The preview copies in the order of the cells; those of a cell stay in their order.
 class TCellCopies {
  public:
-  explicit TCellCopies(const TOwnedList<TKDXBaseItem>& aCopies) : fCopies(aCopies.begin(), aCopies.end()) {
+  explicit TCellCopies(const TItemList& aCopies) : fCopies(aCopies.begin(), aCopies.end()) {
     std::stable_sort(fCopies.begin(), fCopies.end(), [](const TKDXBaseItem* a, const TKDXBaseItem* b) {
       return CellKey(a->aRow, a->aCol) < CellKey(b->aRow, b->aCol);
     });

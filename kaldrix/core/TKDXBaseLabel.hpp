@@ -528,7 +528,7 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   /// An item of a kind that a file names by its ordinal.
   TKDXBaseItem& MakeStoredItem(Int64 aOrdinal);
   void ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID);
-  void FreeAll(TOwnedList<TKDXBaseItem>& aList);
+  void FreeAll(TItemList& aList);
   /// Calls `aBefore` with each item and frees it, last to first; those that are told twice once. Linear.
   void FreeMany(std::vector<TKDXBaseItem*>& aItems, void (TKDXBaseLabel::*aBefore)(TKDXBaseItem&) = nullptr);
   void RecordDeletion(TKDXBaseItem& aItem);
@@ -545,7 +545,9 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   void RouteStaleLinks();
   void Defer(TKDXBaseItem& aItem);
   /// Moves the first selected item to that place in fItems, 0-based.
-  void Restack(int aPlace);
+  void Restack(TKDXBaseItem& aItem, bool aTop);
+  /// An item has another layer.
+  void FollowLayer(const TKDXBaseItem& aItem);
 
   void ClearSelectionSilently();
   bool SelectNeighbour(int aStep);

@@ -105,6 +105,8 @@ class TKDXLayer final : public TPersistent {
   const char* ClassName() const override { return "TKDXLayer"; }
 
  private:
+  friend class TKDXBaseLabel;
+
   template <class TAction>
   void ForItems(TAction aAction);
   template <class T>
@@ -119,6 +121,8 @@ class TKDXLayer final : public TPersistent {
   void ReadJsonFont(TJsonObject& aFont);
   void WriteJsonBack(TJsonObject& aJson, bool aMap) const;
   void ReadJsonBack(const TJsonObject& aJson, bool aMap);
+
+  mutable int fPlace = 0;  ///< in the document's list, when it was looked for last
 };
 
 }  // namespace Zor::inline Base

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "kaldrix/core/TItemList.hpp"
 #include "kaldrix/core/TOwnedList.hpp"
 #include "kaldrix/core/TUndoStack.hpp"
 #include "kaldrix/platform/TNameFinder.hpp"
@@ -39,8 +40,8 @@ struct TLabelContent {
 
   TOwnedList<TKDXLayer> fLayers;
   TOwnedList<TKDXDimStyle> fDimStyles;
-  TOwnedList<TKDXBaseItem> fItems;    ///< z-order, first is lowest
-  TOwnedList<TKDXBaseItem> fPreview;  ///< copies of data items, a label each
+  TItemList fItems;    ///< z-order, first is lowest
+  TItemList fPreview;  ///< copies of data items, a label each
   TOwnedList<TKDXBaseLibSymbol> fSymbols;
   TOwnedList<TKDXCounter> fCounters;
   TZOREditorMode fEditorMode = emLabelling;
