@@ -154,6 +154,7 @@ void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
   }
   if (aRemoveSelection && Selected(*aItem)) {
     std::erase(fSelection, aItem);
+    std::erase(fLinks, aItem);  // A link may be selected by itself as well.
     aItem->fState = isNormal;
     ChangeValue(chSelect);
   }

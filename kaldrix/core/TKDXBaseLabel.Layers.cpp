@@ -2,6 +2,7 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "kaldrix/core/TKDXBackSurf.hpp"
 #include "kaldrix/core/TKDXDimStyle.hpp"
@@ -52,6 +53,7 @@ bool TKDXBaseLabel::ExchangeLayers(int aIdx1, int aIdx2) {
   if (!movable(aIdx1) || !movable(aIdx2)) return false;
   const TNoticeHold hold(*this);
   fLayers.Exchange(aIdx1 - 1, aIdx2 - 1);
+  TellOfLayersFrom(std::min(aIdx1, aIdx2) - 1);
   SortItemsZLayer();
   CheckBackLayer();
   ContentChanged();
@@ -68,10 +70,19 @@ bool TKDXBaseLabel::DeleteLayer(int aIdx) {
   if (aIdx < 2 || aIdx > fLayers.Count()) return false;
   const TNoticeHold hold(*this);
   RemoveLayer(aIdx - 1);
+  TellOfLayersFrom(aIdx - 1);
   SortItemsZLayer();
   CheckBackLayer();
   ContentChanged();
   return true;
+}
+
+void TKDXBaseLabel::TellOfLayersFrom(int aIndex) {
+  if (!fNotices.Listens()) return;
+  const std::unordered_set<const TKDXLayer*> moved(fLayers.begin() + aIndex, fLayers.end());
+  for (TKDXBaseItem* item : fItems) {
+    if (moved.contains(item->fLayer)) fNotices.Changed(*item);
+  }
 }
 
 template <class TTest>
@@ -214,12 +225,13 @@ void TKDXBaseLabel::RotateRight() { Rotate(-1, &TKDXBaseItem::RotateRight); }
 
 void TKDXBaseLabel::Rotate(int aStep, void (TKDXBaseItem::*aTurn)()) {
   if (fEditorMode != emLabelling) return;
+  const TNoticeHold hold(*this);
   fAngle = static_cast<TZORAngle>((fAngle + aStep + 4) % 4);
   {
     const TUpdateBracket bracket(*this);
     TurnContent(aTurn);
   }
-  if (fOnLabelRotate) fOnLabelRotate(this);
+  if (fOnLabelRotate) Guarded([this] { fOnLabelRotate(this); });
 }
 
 void TKDXBaseLabel::TurnContent(void (TKDXBaseItem::*aTurn)()) {

@@ -34,7 +34,7 @@ void TKDXBaseLabel::MakeFirst() {
 TKDXBaseLabel::~TKDXBaseLabel() {
   BeginDestruction();
   fObservers.Clear();
-  fNotices.fObservers.Clear();
+  fNotices.Close();
   Clear({cleAll, cleBaseLayer, cleBaseStyle}, false);
 }
 

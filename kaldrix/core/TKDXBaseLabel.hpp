@@ -525,6 +525,8 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   void Free(TKDXBaseItem& aItem);
   /// The first layer and the first style.
   void MakeFirst();
+  /// The items on the layers from that one on, 0-based, stand on a layer of another number.
+  void TellOfLayersFrom(int aIndex);
   /// An item of a kind that a file names by its ordinal.
   TKDXBaseItem& MakeStoredItem(Int64 aOrdinal);
   void ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string aID);

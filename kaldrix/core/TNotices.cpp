@@ -8,8 +8,19 @@ namespace Zor::inline Base {
 
 bool TNotices::IsHeld() const { return fHolds > 0 || fDocument.fStates.Has(lsUpdating); }
 
-bool TNotices::Note(TKDXBaseItem& aItem, TNotice aNotice) {
-  if (!Listens() || fReplaced || aItem.fNotice != TNotice::Nothing) return false;
+void TNotices::Close() {
+  fObservers.Clear();
+  fThrown = nullptr;
+}
+
+void TNotices::Changed(TKDXBaseItem& aItem) {
+  Note(aItem, TNotice::Changed);
+  // One that has not been told yet may be in its constructor still.
+  if (aItem.fNotice != TNotice::Came) Flush();
+}
+
+void TNotices::Note(TKDXBaseItem& aItem, TNotice aNotice) {
+  if (!Listens() || fReplaced || aItem.fNotice != TNotice::Nothing) return;
   try {
     // At the place of one that was freed another may stand by now.
     if (aNotice == TNotice::Came && !fGone.empty()) fGone.erase(&aItem);
@@ -18,7 +29,6 @@ bool TNotices::Note(TKDXBaseItem& aItem, TNotice aNotice) {
   } catch (const std::bad_alloc&) {
     ContentReplaced();  // Observers look at all of it then.
   }
-  return true;
 }
 
 void TNotices::Note(bool& aFlag) {

@@ -21,9 +21,7 @@ class TNotices {
 
   /// Noted only, since its constructor runs; told when the operation that makes it is whole.
   void Came(TKDXBaseItem& aItem) { Note(aItem, TNotice::Came); }
-  void Changed(TKDXBaseItem& aItem) {
-    if (Listens() && Note(aItem, TNotice::Changed)) Flush();
-  }
+  void Changed(TKDXBaseItem& aItem);
   /// Told at once.
   void Goes(TKDXBaseItem& aItem);
   void OrderChanged() { Note(fOrder); }
@@ -45,6 +43,9 @@ class TNotices {
     if (HasMore() && !IsHeld()) Tell();
   }
 
+  /// The document goes, and nobody hears of it.
+  void Close();
+
   void Hold() { ++fHolds; }
   void Release() { --fHolds; }
   /// Is an operation or a bracket under way?
@@ -54,8 +55,7 @@ class TNotices {
 
  private:
   bool HasMore() const { return !fItems.empty() || fOrder || fReplaced || fPart || fThrown != nullptr; }
-  /// True when that is news.
-  bool Note(TKDXBaseItem& aItem, TNotice aNotice);
+  void Note(TKDXBaseItem& aItem, TNotice aNotice);
   void Note(bool& aFlag);
   void Tell();
   void TellItems();

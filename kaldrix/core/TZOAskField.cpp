@@ -31,6 +31,7 @@ TDateTime LocalNow() {
 TZOAskField::TZOAskField(TKDXData& aOwner, const std::string& aName)
     : fOwner(&aOwner), fName(aName), fAnsDT(LocalNow()) {
   aOwner.fListAsk.Adopt(this);
+  aOwner.fOwner->ContentChanged();
 }
 
 void TZOAskField::SetName(const std::string& aName) {

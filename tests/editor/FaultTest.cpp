@@ -155,6 +155,7 @@ TEST(FaultTest, WhateverThrowsLeavesTheDocumentSound) {
   other.NewRectangle(0, 0, 1000, 1000);
   other.EndUpdate();
   const std::string file = other.SaveToBytes(lfJSON), binary = other.SaveToBytes(lfBin);
+  constexpr std::size_t loadOfJson = 26;
   int blown = 0;
   for (int at = 1;; ++at) {
     TFuse::left = 0;
@@ -172,22 +173,23 @@ TEST(FaultTest, WhateverThrowsLeavesTheDocumentSound) {
     const auto steps = Walk(document, file, binary);
     for (std::size_t i = 0; i < steps.size(); ++i) {
       const std::string where = "call " + std::to_string(at) + ", step " + std::to_string(i);
-      const std::string before = document.SaveToBytes(lfBin);
       bool threw = false;
       const bool alight = TFuse::blown;
       try {
         steps[i]();
       } catch (const Exception& error) {
         threw = true;
-        ASSERT_STREQ(error.what(), "blown") << where;
+        ASSERT_TRUE(std::string_view(error.what()).ends_with("blown")) << where << error.what();
       } catch (...) {
         FAIL() << where;
       }
-      // What was thrown comes out, and at once.
-      EXPECT_EQ(threw, TFuse::blown != alight) << where;
+      // What was thrown comes out, and at once; but a JSON file that cannot be read in passing is read again.
+      const bool again = i == loadOfJson && TFuse::blown;
+      EXPECT_TRUE(again || threw == (TFuse::blown != alight)) << where;
       ExpectSound(document, mirror, where);
       if (HasFailure()) return;
     }
+    TFuse::left = 0;
     while (!document.IsUndoEmpty()) document.Undo();
     while (!document.IsRedoEmpty()) document.Redo();
     ExpectSound(document, mirror, "the end of " + std::to_string(at));

@@ -54,6 +54,7 @@ class TWalk {
     while (at >= fEdits[i].weight) at -= fEdits[i++].weight;
     return i;
   }
+  TAlphaColor Color() { return static_cast<TAlphaColor>(fRandom()); }
   TKDXBaseItem* Item() { return fDocument.GetItem(1 + Any(std::max(fDocument.GetItemsCount(), 1))); }
   TKDXLayer& Layer() { return fDocument.GetLayer(1 + Any(fDocument.fLayers.Count())); }
   template <class TAction>
@@ -111,7 +112,7 @@ class TWalk {
   std::vector<TEdit> fEdits{
       {"bracket", 6, [this] { Bracketed(); }},
       {"make", 10, [this] { Make(); }},
-      {"color", 4, [this] { WithItem([this](auto& item) { item.SetColor(fRandom()); }); }},
+      {"color", 4, [this] { WithItem([this](auto& item) { item.SetColor(Color()); }); }},
       {"pen", 2,
        [this] { WithItem([this](auto& item) { item.SetPenWidth(static_cast<Single>(Any(30)) / 10); }); }},
       {"name", 2, [this] { WithItem([this](auto& item) { item.SetID("n" + std::to_string(Any(40))); }); }},
@@ -165,7 +166,7 @@ class TWalk {
       {"layers exchanged", 1, [this] { fDocument.ExchangeLayers(2, 1 + Any(fDocument.fLayers.Count())); }},
       {"layers sorted", 1, [this] { fDocument.SetLayerZOrder(Any(2) == 0); }},
       {"layer's values", 1, [this] { Layer().SetValues(); }},
-      {"layer's color", 1, [this] { Layer().SetColor(fRandom(), true); }},
+      {"layer's color", 1, [this] { Layer().SetColor(Color(), true); }},
       // Not inside brackets of their caller.
       {"undo", 8, [this] { fDocument.Undo(); }},
       {"redo", 4, [this] { fDocument.Redo(); }},
