@@ -178,7 +178,7 @@ TEST(DocumentTest, AHandlerThatRaisesStopsNoDeletion) {
     EXPECT_EQ(document.GetItemsCount(), 1);
     document.Undo();
     EXPECT_EQ(document.GetItemsCount(), 2);
-    EXPECT_NE(document.SearchItem(1, false), nullptr);
+    EXPECT_NE(document.SearchItem(inOrder ? 1 : 3, false), nullptr);
   }
 }
 
