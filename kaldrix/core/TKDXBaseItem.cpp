@@ -24,6 +24,7 @@ TKDXBaseItem::TKDXBaseItem(TKDXBaseLabel& aOwner, TZORItemType aType, bool aPrev
 
 TKDXBaseItem::TKDXBaseItem(TKDXBaseLabel& aOwner, TZORItemType aType, TKDXLayer& aLayer, bool aPreview)
     : TKDXBaseItem(aOwner, aType, aPreview) {
+  aOwner.CheckOwn(aLayer);
   fLayer = &aLayer;
 }
 
@@ -66,9 +67,7 @@ void TKDXBaseItem::SetID(const std::string& aValue) {
   }
   const TEdit edit(*this);
   StateModified();
-  fOwner->fIndex.BeforeChange(*this);
-  fID = name;
-  fOwner->fIndex.AfterChange(*this);
+  fOwner->Rename(*this, std::string(name));
 }
 
 void TKDXBaseItem::SetColor(TAlphaColor aValue) {
@@ -85,6 +84,7 @@ void TKDXBaseItem::SetAngle(TZORAngle aValue) {
 
 void TKDXBaseItem::SetLayer(TKDXLayer& aLayer) {
   if (&aLayer == fLayer) return fOwner->FollowLayer(*this);
+  fOwner->CheckOwn(aLayer);
   const TEdit edit(*this);
   fLayer = &aLayer;
   fOwner->FollowLayer(*this);

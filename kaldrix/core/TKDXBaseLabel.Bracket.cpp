@@ -134,6 +134,7 @@ void TKDXBaseLabel::EndRead(bool aUnits) {
 }
 
 void TKDXBaseLabel::ChangeState(TKaldrixState aState, TKDXBaseItem* aItem) {
+  if (aItem != nullptr) CheckOwn(*aItem);
   fStates.Add(lsModified);
   switch (aState) {
     case lsUpdate:

@@ -7,6 +7,7 @@
 #include "kaldrix/core/Commands.hpp"
 #include "kaldrix/core/ItemSweep.hpp"
 #include "kaldrix/core/TKDXBaseLibSymbol.hpp"
+#include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TNoticeHold.hpp"
 #include "kaldrix/core/TUpdateBracket.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
@@ -94,6 +95,21 @@ void TKDXBaseLabel::ChangeIdentity(TKDXBaseItem& aItem, int aInID, std::string a
   if (created) top->TakeReceiver(aItem);
 }
 
+// Whose it is --------------------------------------------------
+
+void TKDXBaseLabel::RefuseForeign(const char* aWhat) {
+  throw EArgumentException("The " + std::string(aWhat) + " belongs to another document");
+}
+
+void TKDXBaseLabel::CheckOwn(const TKDXLayer& aLayer) const {
+  if (aLayer.fOwner != this) RefuseForeign("layer");
+}
+
+void TKDXBaseLabel::CheckDrawn(const TKDXBaseItem& aItem) const {
+  CheckOwn(aItem);
+  if (aItem.fFromPreview) throw EArgumentException("The item is a copy on the sheet");
+}
+
 // Looking up --------------------------------------------------
 
 TKDXBaseItem* TKDXBaseLabel::GetItem(int aIndex) const {
@@ -128,6 +144,7 @@ TKDXBaseItem* TKDXBaseLabel::ElementByID(const std::string& aID, bool aSelect) {
 }
 
 bool TKDXBaseLabel::RepeatID(std::string_view aID, const TKDXBaseItem* aItem) {
+  if (aItem != nullptr && (&aItem->Document() != this || aItem->fFromPreview)) aItem = nullptr;
   const std::string_view name = Trim(aID);
   return fIndex.FindName(name, [&](const TKDXBaseItem& item) {
     return &item != aItem && SameText(Trim(item.fID), name);
@@ -148,6 +165,7 @@ void TKDXBaseLabel::DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelec
 
 void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
   if (aItem == nullptr) return;
+  CheckOwn(*aItem);
   const TNoticeHold hold(*this);
   if (!fLinks.empty()) {
     if (const auto* node = dynamic_cast<const IZORLink*>(aItem)) DeleteAttachedLinks(*node, aRemoveSelection);

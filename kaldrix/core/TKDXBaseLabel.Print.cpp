@@ -213,6 +213,7 @@ void TKDXBaseLabel::NoteLabel(int aLabel, int aRow, int aColumn, std::vector<std
 // Preview copies --------------------------------------------------
 
 TKDXBaseItem& TKDXBaseLabel::MakePreviewCopy(const TKDXBaseItem& aItem, int aRow, int aCol) {
+  CheckOwn(aItem);
   // The copy has the identity of its item: it takes none of its own, and leaves no trace for undo.
   struct TQuiet {
     explicit TQuiet(TKDXBaseLabel& aLabel)

@@ -10,6 +10,7 @@
 namespace Zor::inline Base {
 
 void TKDXBaseLabel::AddToSelection(TKDXBaseItem& aItem, bool aNotify) {
+  CheckDrawn(aItem);
   aItem.fState = isSelected;
   const TNoticeHold hold(*this);
   fSelection.push_back(&aItem);
@@ -30,6 +31,7 @@ void TKDXBaseLabel::TellSelected(TKDXBaseItem& aItem) {
 
 void TKDXBaseLabel::SetSelection(TKDXBaseItem* aItem, TZORItemState aState) {
   if (aItem == nullptr) return;
+  CheckDrawn(*aItem);
   const TNoticeHold hold(*this);
   TakeOnly(*aItem, aState);
   FillSelPoints();
@@ -38,6 +40,7 @@ void TKDXBaseLabel::SetSelection(TKDXBaseItem* aItem, TZORItemState aState) {
 
 void TKDXBaseLabel::ScrollItem(TKDXBaseItem* aItem) {
   if (aItem == nullptr) return;
+  CheckDrawn(*aItem);
   const TNoticeHold hold(*this);
   TakeOnly(*aItem, isSelected);
   if (fEditorMode != emInteractive) FillSelPoints();

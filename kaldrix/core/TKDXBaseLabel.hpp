@@ -44,7 +44,9 @@ inline constexpr int FormatVersion = 3200;
 /// everything through it; a host subclasses it and makes the items.
 ///
 /// Public accessors count from 1 and answer none, false or a reset value out of range; fActiveLayer,
-/// fActiveDimStyle and stored layer indexes count from 0. All of the class runs on the thread of its owner.
+/// fActiveDimStyle and stored layer indexes count from 0: each operation says what its index counts from.
+/// An item, layer, style or counter of another document is refused with EArgumentException where an operation
+/// would work on it; questions answer that it is not there. All of the class runs on the thread of its owner.
 ///
 ///   Lifecycle      TKDXBaseLabel.cpp
 ///   Bracket        TKDXBaseLabel.Bracket.cpp      brackets, observers, notifications
@@ -126,6 +128,7 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   /// Every change comes by here once it is stored: of an item, or of something else. Sets fModified, and
   /// tells the observers of items.
   void ItemChanged(TKDXBaseItem& aItem) {
+    CheckOwn(aItem);
     NoteChange();
     fNotices.Changed(aItem);
   }
@@ -145,6 +148,13 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   /// Names are compared without case.
   TKDXBaseItem* SearchItem(const std::string& aID, bool aScrollToView);
   TKDXBaseItem* ElementByID(const std::string& aID, bool aSelect);
+  // Raise EArgumentException for what belongs to another document.
+  void CheckOwn(const TKDXBaseItem& aItem) const {
+    if (&aItem.Document() != this) RefuseForeign("item");
+  }
+  void CheckOwn(const TKDXLayer& aLayer) const;
+  /// Raises it for a preview copy too.
+  void CheckDrawn(const TKDXBaseItem& aItem) const;
   /// Does another item than `aItem` have this name, compared without case and outer blanks?
   bool RepeatID(std::string_view aID, const TKDXBaseItem* aItem);
   /// Deletes the item, and the attached links of fLinks with it; only the item itself is recorded.
@@ -160,7 +170,10 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   /// are about items of another drawing.
   unsigned Drawing() const { return fDrawing; }
   /// Gives an item a name without a check, command or report: for constructors and readers.
-  void Rename(TKDXBaseItem& aItem, std::string aID) { ChangeIdentity(aItem, aItem.fInID, std::move(aID)); }
+  void Rename(TKDXBaseItem& aItem, std::string aID) {
+    CheckOwn(aItem);
+    ChangeIdentity(aItem, aItem.fInID, std::move(aID));
+  }
   /// Frees the symbols that no item uses, except the first.
   void CleanLibray();
 
@@ -225,7 +238,9 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   /// The first selected item, or none.
   TKDXBaseItem* Select() const { return fSelection.empty() ? nullptr : fSelection.front(); }
   TKDXBaseItem* GetSelection(int aIndex) const;
-  bool Selected(const TKDXBaseItem& aItem) const { return aItem.fState == isSelected; }
+  bool Selected(const TKDXBaseItem& aItem) const {
+    return aItem.fState == isSelected && &aItem.Document() == this;
+  }
   bool IsInSelection(int aInID) const;
   bool SelectNext();
   bool SelectPrior();
@@ -517,6 +532,7 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   friend class TItemMark;
   friend class TRecordCopies;
 
+  [[noreturn]] static void RefuseForeign(const char* aWhat);
   // An item comes, goes, or changes its name.
   void Enlist(TKDXBaseItem& aItem, bool aPreview);
   void Forget(TKDXBaseItem& aItem);
