@@ -10,6 +10,7 @@
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/NameHints.hpp"
+#include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::Program {
 
@@ -96,14 +97,17 @@ void PrintSource::AttachJson(TKDXData& aData) {
 }
 
 void PrintSource::SelectArray(TKDXData& aData, const std::string& aFile) const {
-  if (aData.Select(dtyJson, fName.empty() ? aData.fDataSel : fName)) return;
   std::vector<std::string> arrays;
   for (const auto& source : aData.fDatasets) {
     if (source->fDataType == dtyJson) arrays.push_back(source->fCaption);
   }
-  if (!fName.empty())
+  const bool found = aData.Select(dtyJson, fName.empty() ? aData.fDataSel : fName);
+  if (!found && !fName.empty())
     throw Exception(aFile + ": there is no array '" + fName + "'" + NameHint(fName, arrays));
-  if (!aData.Select(dtyJson)) throw Exception(aFile + ": there are no records in it");
+  if (!found && !aData.Select(dtyJson)) throw Exception(aFile + ": there are no records in it");
+  const auto isTaken = [&](const std::string& array) { return SameText(array, aData.fDataSel); };
+  if (std::count_if(arrays.begin(), arrays.end(), isTaken) > 1)
+    throw Exception(aFile + ": there is more than one array '" + aData.fDataSel + "'");
 }
 
 void PrintSource::AttachSqlite(TKDXData& aData) {
