@@ -43,7 +43,7 @@ void TellOf(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) 
 
 DiagramCommand::DiagramCommand(CLI::App& aProgram)
     : Command(aProgram, "diagram", "Draw a Mermaid or PlantUML text") {
-  Options().add_option("input", fInput, "The text; - reads standard input")->required();
+  Options().add_option("input", fInput, "The text; - reads standard input")->required()->check(SomeFile());
   CLI::Option* output = fOutput.AddOptions(Options(), false)->required(false);
   CLI::Option* model =
       Options().add_flag("--json", fModel, "Write what the text says, and what is wrong with it, as JSON");
@@ -98,6 +98,9 @@ int DiagramCommand::Draw() const {
   return 0;
 }
 
-int DiagramCommand::Run() const { return fModel ? Model() : Draw(); }
+int DiagramCommand::Run() const {
+  fOutput.RequireOther(fInput);
+  return fModel ? Model() : Draw();
+}
 
 }  // namespace Zor::Program

@@ -5,6 +5,7 @@
 
 #include "apps/kaldrix/DataInfo.hpp"
 #include "apps/kaldrix/Documents.hpp"
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
@@ -84,7 +85,10 @@ std::string AsText(TJsonObject& aInfo) {
 }  // namespace
 
 InfoCommand::InfoCommand(CLI::App& aProgram) : Command(aProgram, "info", "Tell what a document holds") {
-  Options().add_option("input", fInput, "The document; - reads standard input")->required();
+  Options()
+      .add_option("input", fInput, "The document; - reads standard input")
+      ->required()
+      ->check(SomeFile());
   Options().add_flag("--json", fJson, "As a JSON object");
 }
 

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/SourceFile.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/host/TSqliteDataSet.hpp"
@@ -44,14 +45,18 @@ std::vector<std::string> Captions(const TMembers& aMembers) {
 
 void PrintSource::AddOptions(CLI::App& aOptions) {
   auto* csv = fCsv.AddOptions(aOptions);
-  auto* json = aOptions.add_option(
-      "--json", fJson, "The records are an array in the object of this file; - reads standard input");
-  auto* sqlite = aOptions.add_option("--sqlite", fSqlite, "The records are a query on this database");
+  auto* json = aOptions
+                   .add_option("--json", fJson,
+                               "The records are an array in the object of this file; - reads standard input")
+                   ->check(SomeFile());
+  auto* sqlite =
+      aOptions.add_option("--sqlite", fSqlite, "The records are a query on this database")->check(SomeFile());
   auto* query = aOptions.add_option("--query", fQuery, "The query, one SELECT")->needs(sqlite);
   sqlite->needs(query);
   csv->excludes(json)->excludes(sqlite);
   json->excludes(sqlite);
   aOptions.add_option("--source", fName, "The name of the array of a JSON file")
+      ->check([](const std::string& name) { return name.empty() ? "the name is empty" : std::string(); })
       ->excludes(csv)
       ->excludes(sqlite);
   aOptions.add_option("--repeat", fRepeat,
