@@ -1,6 +1,7 @@
 #include "apps/kaldrix/PrintCommand.hpp"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -178,6 +179,7 @@ int PrintCommand::Run() const {
   const std::uint32_t bytes = LoadDocument(document, fInput);
   FindPictures(document, fInput);
   fSource.Attach(document, fInput);
+  TellUnlinked(document);
   const std::string answers = fAnswers.empty() ? "{}" : ReadTextInput(fAnswers);
   TLabelRun run = Named(fInput, [&] { return TLabelRun(document); });
   CheckHeader(document);
@@ -207,6 +209,19 @@ int PrintCommand::Run() const {
     if (!fOutput.empty()) writer.CheckOutputs(taken);
     return fDryRun ? Rehearse(writer, run) : Write(writer);
   });
+}
+
+void PrintCommand::TellUnlinked(const TKDXLabel& aDocument) const {
+  if (aDocument.fData->fLinkData) return;
+  const auto isBound = [](const TKDXBaseItem* item) {
+    const auto* bound = dynamic_cast<const IZORData*>(item);
+    return bound != nullptr && !bound->FillName().empty();
+  };
+  const auto bound = std::count_if(aDocument.fItems.begin(), aDocument.fItems.end(), isBound);
+  if (bound > 0)
+    Tell(ToldName(fInput) +
+         ": its data are switched off (\"LinkData\"): items that show the texts of the design: " +
+         std::to_string(bound));
 }
 
 void PrintCommand::Listen(TRunJob& aJob, ProgressLine& aProgress) const {

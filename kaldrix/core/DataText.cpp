@@ -63,25 +63,21 @@ std::string Told(const std::string& aValue) {
   return "'" + shown + "'";
 }
 
-void CheckDigits(const std::string& aNumber) {
-  const std::size_t first = std::min(aNumber.find_first_of("123456789"), aNumber.size());
-  const std::size_t end = std::min(aNumber.find_first_not_of("0123456789", first), aNumber.size());
-  if (end - first > KeptDigits)
-    throw Exception(Told(aNumber) + " has more than the " + std::to_string(KeptDigits) +
-                    " digits that a format keeps; without a format it stands as it is");
-}
-
 void CheckNoBytes(const TField& aField) {
   std::string bytes;
   aField.SaveToStream(bytes);
   if (!bytes.empty()) throw Exception("'" + aField.FieldName() + "' is bytes, and no text");
 }
 
+/// A number as its text, which a format cuts to its digits.
+void CheckDigits(const std::string& aNumber) {
+  const std::string fault = DigitsFault(aNumber);
+  if (!fault.empty()) throw Exception(fault + "; without a format it stands as it is");
+}
+
 /// A text none of whose characters got lost on its way.
 std::string Readable(std::string aText) {
-  if (aText.find(ReplacementUtf8) != std::string::npos)
-    throw Exception("a character of the value could not be read (U+FFFD)");
-  if (aText.find('\0') != std::string::npos) throw Exception("there is a NUL character in the value");
+  if (const std::string fault = LostFault(aText); !fault.empty()) throw Exception(fault);
   return aText;
 }
 
@@ -116,6 +112,19 @@ std::string ColumnText(std::string aText, const std::string& aFormat) {
   if (aFormat.empty()) return aText;
   const std::optional<double> number = TextToNumber(aText);
   return number ? FormatFloat(aFormat, *number) : aText;
+}
+
+std::string DigitsFault(const std::string& aNumber) {
+  const std::size_t first = std::min(aNumber.find_first_of("123456789"), aNumber.size());
+  const std::size_t end = std::min(aNumber.find_first_not_of("0123456789", first), aNumber.size());
+  if (end - first <= KeptDigits) return {};
+  return Told(aNumber) + " has more than the " + std::to_string(KeptDigits) + " digits that a number keeps";
+}
+
+std::string LostFault(std::string_view aText) {
+  if (aText.find(ReplacementUtf8) != std::string_view::npos)
+    return "a character of the value could not be read (U+FFFD)";
+  return aText.find('\0') == std::string_view::npos ? "" : "there is a NUL character in the value";
 }
 
 std::string ExactFieldText(const TField& aField, const std::string& aFormat) {

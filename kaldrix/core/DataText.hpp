@@ -26,6 +26,11 @@ std::string ExactFieldText(const TField& aField, const std::string& aFormat);
 std::string ExactJsonText(const TJsonObject* aRecord, std::string_view aKey, const std::string& aFormat);
 std::string ExactColumnText(std::string aText, const std::string& aFormat);
 
+/// Empty, or what got lost of a text: a character that could not be read (U+FFFD), or what follows a NUL.
+std::string LostFault(std::string_view aText);
+/// Empty, or that a number has more digits than it keeps when it is shown as one.
+std::string DigitsFault(const std::string& aNumber);
+
 /// The labels that a run may have.
 constexpr std::int64_t MostLabels = std::numeric_limits<int>::max();
 /// Empty, or why the value of a field is no whole number of labels; a value that is none is empty.

@@ -9,6 +9,7 @@
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/host/TKDXLabel.hpp"
+#include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/Files.hpp"
 
@@ -311,12 +312,14 @@ TEST_F(PrintSourceTest, InfoTellsWhatAPrintNeeds) {
   counter->SetNumFrom(7);
   data.AddAskVal("Lot");
   data.GetAskField("Lot")->fQuestion = "Which lot?";
+  document.fMeasure->fLabelName = "a\x1B[31m\nb";
   data.AddListVal("Shift");
   data.GetListVal("Shift")->AddValue("early");
   data.GetListVal("Shift")->AddValue("late");
   Write("own.json", document.SaveToBytes(lfJSON));
 
   const std::string text = Kaldrix("info " + File("own.json")).text;
+  EXPECT_EQ(text.find("a\\x1B[31m\\nb: labelling"), 0U) << "nothing steers a terminal";
   for (const char* line :
        {"records: CSV \"CsvFile\", file list.csv, labels of each told by Qty", "fields: Name, City, Qty",
         "items show: Name, City", "counter \"Tag\": 7 to 100, step 1, now 7 (A-7)",
