@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/editor/DocumentCheck.hpp"
 #include "kaldrix/host/TKDXLabel.hpp"
@@ -10,7 +11,10 @@ namespace Zor::Program {
 
 CheckCommand::CheckCommand(CLI::App& aProgram)
     : Command(aProgram, "check", "Report everything that is wrong with a document") {
-  Options().add_option("input", fInput, "The document; - reads standard input")->required();
+  Options()
+      .add_option("input", fInput, "The document; - reads standard input")
+      ->required()
+      ->check(SomeFile());
 }
 
 int CheckCommand::Run() const {

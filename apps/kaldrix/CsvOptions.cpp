@@ -5,6 +5,7 @@
 #include <array>
 #include <utility>
 
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/SourceFile.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
@@ -68,11 +69,25 @@ TZORCsvSep ToldSeparator(const TCsvFile& aFile) {
                   "' is told to separate: it has to be ; , tab or blank");
 }
 
-/// The delimiter that the first line tells, or that stands most often in it.
+/// What stands outside of quotes.
+std::string Unquoted(std::string_view aLine) {
+  std::string text;
+  bool inside = false;
+  for (const char c : aLine) {
+    if (c == '"') {
+      inside = !inside;
+    } else if (!inside) {
+      text += c;
+    }
+  }
+  return text;
+}
+
+/// The delimiter that the first line tells, or that stands most often in it outside of quotes.
 TZORCsvSep GuessSeparator(const TCsvFile& aFile) {
   const TZORCsvSep told = ToldSeparator(aFile);
   if (told != scvNone) return told;
-  const std::string_view line = aFile.FirstLine();
+  const std::string line = Unquoted(aFile.FirstLine());
   const auto times = [&](const TSeparator& row) {
     return std::count(line.begin(), line.end(), row.character);
   };
@@ -97,7 +112,8 @@ void Take(TKDXData& aData, std::shared_ptr<TCsvFile> aFile, bool aHeader) {
 
 CLI::Option* CsvOptions::AddOptions(CLI::App& aOptions) {
   auto* csv =
-      aOptions.add_option("--csv", fFile, "The records are those of this file; - reads standard input");
+      aOptions.add_option("--csv", fFile, "The records are those of this file; - reads standard input")
+          ->check(SomeFile());
   aOptions
       .add_option("--sep", fSep,
                   "What separates the columns: ; , tab or blank; told by the first line if not given")

@@ -6,6 +6,7 @@
 
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
+#include "kaldrix/platform/ShownName.hpp"
 
 namespace Zor::Program {
 
@@ -79,20 +80,23 @@ void DescribeQuestions(const TKDXData& aData, TJsonObject& aInfo) {
 
 std::string Joined(const TJsonArray& aTexts) {
   std::string text;
-  for (int i = 0; i < aTexts.Count(); ++i) text += (i > 0 ? ", " : "") + aTexts.GetItem(i).GetString();
+  for (int i = 0; i < aTexts.Count(); ++i)
+    text += (i > 0 ? ", " : "") + ShownName(aTexts.GetItem(i).GetString());
   return aTexts.Count() > 0 ? text : "none";
 }
 
 std::string SourceText(TJsonObject& aSource) {
-  std::string text = "\n  records: " + aSource.GetString("kind") + " \"" + aSource.GetString("name") + "\"";
-  if (aSource.Contains("file")) text += ", file " + aSource.GetString("file");
-  if (aSource.Contains("repeat")) text += ", labels of each told by " + aSource.GetString("repeat");
+  std::string text =
+      "\n  records: " + aSource.GetString("kind") + " \"" + ShownName(aSource.GetString("name")) + "\"";
+  if (aSource.Contains("file")) text += ", file " + ShownName(aSource.GetString("file"));
+  if (aSource.Contains("repeat"))
+    text += ", labels of each told by " + ShownName(aSource.GetString("repeat"));
   if (aSource.GetArray("fields").Count() > 0) text += "\n    fields: " + Joined(aSource.GetArray("fields"));
   return text + "\n    items show: " + Joined(aSource.GetArray("usedFields"));
 }
 
 std::string CounterText(TJsonObject& aCounter) {
-  const auto field = [&](std::string_view aName) { return aCounter.GetString(aName); };
+  const auto field = [&](std::string_view aName) { return ShownName(aCounter.GetString(aName)); };
   std::string text = "\n  counter \"" + field("name") + "\": " + field("from") + " to " + field("to") +
                      ", step " + field("step");
   if (aCounter.GetInt("repeat") > 1) text += ", " + field("repeat") + " labels each";
@@ -115,13 +119,13 @@ std::string DataText(TJsonObject& aInfo) {
   TJsonArray& questions = aInfo.GetArray("questions");
   for (int i = 0; i < questions.Count(); ++i) {
     TJsonObject& question = questions.GetObject(i);
-    text += "\n  question \"" + question.GetString("name") + "\", a " + question.GetString("kind");
-    if (!question.GetString("question").empty()) text += ": " + question.GetString("question");
+    text += "\n  question \"" + ShownName(question.GetString("name")) + "\", a " + question.GetString("kind");
+    if (!question.GetString("question").empty()) text += ": " + ShownName(question.GetString("question"));
   }
   TJsonArray& lists = aInfo.GetArray("lists");
   for (int i = 0; i < lists.Count(); ++i) {
     TJsonObject& list = lists.GetObject(i);
-    text += "\n  list \"" + list.GetString("name") + "\": " + Joined(list.GetArray("values"));
+    text += "\n  list \"" + ShownName(list.GetString("name")) + "\": " + Joined(list.GetArray("values"));
   }
   return text;
 }

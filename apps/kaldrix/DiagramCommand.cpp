@@ -1,6 +1,7 @@
 #include "apps/kaldrix/DiagramCommand.hpp"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 
 #include "apps/kaldrix/OptionValues.hpp"
@@ -8,10 +9,13 @@
 #include "kaldrix/diagrams/DiagramToJson.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
 #include "kaldrix/host/diagrams/DiagramLoader.hpp"
+#include "kaldrix/platform/TRegex.hpp"
 
 namespace Zor::Program {
 
 namespace {
+
+constexpr std::size_t LongestTurn = 100;  ///< bytes of a line that may tell a direction
 
 constexpr std::array<TWord<TZORDiagramFormat>, 2> Languages{
     {{"mermaid", dgMermaid}, {"plantuml", dgPlantUML}}};
@@ -33,6 +37,29 @@ std::string ReadText(const std::string& aInput) {
   return text;
 }
 
+constinit const TRegex Turned("^\\s*(?:graph|flowchart|direction)\\s+(BT|RL)\\s*;?\\s*$", rcIgnore);
+
+/// A Mermaid text that runs upwards or from the right is drawn downwards or from the left, of which its model
+/// says nothing. Lines that are told already are passed over.
+void WarnOfTurns(std::string_view aText, TKDXDiagramModel& aModel) {
+  auto& told = aModel.fDiagnostics;
+  std::int32_t number = 0;
+  TMatch match;
+  for (std::size_t start = 0, end = 0; start < aText.size(); start = end + 1) {
+    end = std::min(aText.find('\n', start), aText.size());
+    const std::string_view line = aText.substr(start, end - start);
+    ++number;
+    if (line.size() > LongestTurn || !Turned.Match(line, match)) continue;
+    const auto place = std::find_if(told.begin(), told.end(),
+                                    [=](const auto& d) { return d.Line >= number || d.Line == 0; });
+    if (place != told.end() && place->Line == number) continue;
+    const std::string drawn = aModel.fDirection == fdLeftRight ? "left to right" : "the top down";
+    told.insert(place, {dsWarning, number, "MERMAID_DIRECTION_TURNED",
+                        "Drawn from " + drawn + ", not in the direction " + std::string(match[1]) + ".",
+                        std::string(line)});
+  }
+}
+
 /// A line "FILE:LINE: CODE: message", as editors take up.
 void TellOf(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) {
   const std::string line = aDiagnostic.Line > 0 ? std::to_string(aDiagnostic.Line) + ":" : "";
@@ -43,7 +70,7 @@ void TellOf(const std::string& aFile, const TZORDiagramDiagnostic& aDiagnostic) 
 
 DiagramCommand::DiagramCommand(CLI::App& aProgram)
     : Command(aProgram, "diagram", "Draw a Mermaid or PlantUML text") {
-  Options().add_option("input", fInput, "The text; - reads standard input")->required();
+  Options().add_option("input", fInput, "The text; - reads standard input")->required()->check(SomeFile());
   CLI::Option* output = fOutput.AddOptions(Options(), false)->required(false);
   CLI::Option* model =
       Options().add_flag("--json", fModel, "Write what the text says, and what is wrong with it, as JSON");
@@ -67,6 +94,14 @@ TZORDiagramFormat DiagramCommand::Language() const {
   return fLanguage == dgAuto ? ZORDiagramFormatFromExt(fInput) : fLanguage;
 }
 
+std::unique_ptr<TKDXDiagramModel> DiagramCommand::Parse() const {
+  const std::string text = ReadText(fInput);
+  const TZORDiagramFormat language = Language() == dgAuto ? ZORDetectDiagramFormat(text) : Language();
+  auto model = ZORParseDiagram(text, language);
+  if (language == dgMermaid && model->fKind == dkFlowChart) WarnOfTurns(text, *model);
+  return model;
+}
+
 bool DiagramCommand::IsGood(const TKDXDiagramModel& aModel) const {
   return !aModel.HasDiagnostics(fStrict ? dsWarning : dsError);
 }
@@ -79,7 +114,7 @@ void DiagramCommand::TellAll(const TKDXDiagramModel& aModel) const {
 }
 
 int DiagramCommand::Model() const {
-  const auto model = ZORParseDiagram(ReadText(fInput), Language());
+  const auto model = Parse();
   const bool good = IsGood(*model);
   if (!good) TellAll(*model);
   if (good || !fStrict) fOutput.WriteBytes(DiagramToJson(*model)->ToJSON(false) + '\n');
@@ -89,7 +124,7 @@ int DiagramCommand::Model() const {
 int DiagramCommand::Draw() const {
   // The fonts of the system are looked up while the text is read.
   TKDXLabel document;
-  const auto model = ZORParseDiagram(ReadText(fInput), Language());
+  const auto model = Parse();
   TellAll(*model);
   if (!IsGood(*model)) return 1;
   document.SetEditorMode(fMode);
@@ -98,6 +133,9 @@ int DiagramCommand::Draw() const {
   return 0;
 }
 
-int DiagramCommand::Run() const { return fModel ? Model() : Draw(); }
+int DiagramCommand::Run() const {
+  fOutput.RequireOther(fInput);
+  return fModel ? Model() : Draw();
+}
 
 }  // namespace Zor::Program

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "apps/kaldrix/Command.hpp"
@@ -16,6 +17,7 @@ class DiagramCommand final : public Command {
 
  private:
   TZORDiagramFormat Language() const;
+  std::unique_ptr<TKDXDiagramModel> Parse() const;
   bool IsGood(const TKDXDiagramModel& aModel) const;
   /// Writes the diagnostics to standard error; with `--strict` up to the first warning.
   void TellAll(const TKDXDiagramModel& aModel) const;

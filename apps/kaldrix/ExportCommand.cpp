@@ -25,7 +25,10 @@ void TellCodes(const TKDXLabel& aDocument, const std::string& aInput) {
 
 ExportCommand::ExportCommand(CLI::App& aProgram)
     : Command(aProgram, "export", "Write a document as SVG, PNG, PDF, JSON or binary") {
-  Options().add_option("input", fInput, "The document; - reads standard input")->required();
+  Options()
+      .add_option("input", fInput, "The document; - reads standard input")
+      ->required()
+      ->check(SomeFile());
   fOutput.AddOptions(Options(), false);
   Options()
       .add_option("--dpi", fOptions.dpi, "Dots per inch of a PNG")
@@ -49,6 +52,13 @@ ExportCommand::ExportCommand(CLI::App& aProgram)
 int ExportCommand::Run() const {
   TKDXLabel document;
   LoadDocument(document, fInput);
+  // A document may be written anew in its place.
+  if (fOutput.Format().picture) {
+    FindPictures(document, fInput);
+    TFileSet pictures;
+    AddPictures(pictures, document);
+    fOutput.RequireOther(fInput, std::move(pictures));
+  }
   fOutput.Write(document, fOptions);
   if (fOutput.Format().picture) TellCodes(document, fInput);
   return 0;

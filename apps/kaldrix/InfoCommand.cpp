@@ -5,11 +5,13 @@
 
 #include "apps/kaldrix/DataInfo.hpp"
 #include "apps/kaldrix/Documents.hpp"
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/core/JsonFields.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXLayer.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/platform/ShownName.hpp"
 
 namespace Zor::Program {
 
@@ -62,7 +64,7 @@ std::unique_ptr<TJsonObject> Describe(const TKDXLabel& aDocument) {
 }
 
 std::string AsText(TJsonObject& aInfo) {
-  const auto field = [&aInfo](std::string_view aName) { return aInfo.GetString(aName); };
+  const auto field = [&aInfo](std::string_view aName) { return ShownName(aInfo.GetString(aName)); };
   std::string text = field("name") + ": " + field("mode") + ", " + field("shape") + " " + field("widthMM") +
                      " x " + field("heightMM") + " mm, units " + field("units");
   if (aInfo.GetLong("scale") != 1) text += ", 1:" + field("scale");
@@ -74,7 +76,8 @@ std::string AsText(TJsonObject& aInfo) {
   const TJsonArray& layers = aInfo.GetArray("layers");
   for (int i = 0; i < layers.Count(); ++i) {
     const TJsonObject& layer = layers.GetObject(i);
-    text += "\n  layer \"" + layer.GetString("name") + "\": " + layer.GetString("items") + " items";
+    text +=
+        "\n  layer \"" + ShownName(layer.GetString("name")) + "\": " + layer.GetString("items") + " items";
     if (!layer.GetBool("visible")) text += ", hidden";
     if (!layer.GetBool("exported")) text += ", not exported";
   }
@@ -84,7 +87,10 @@ std::string AsText(TJsonObject& aInfo) {
 }  // namespace
 
 InfoCommand::InfoCommand(CLI::App& aProgram) : Command(aProgram, "info", "Tell what a document holds") {
-  Options().add_option("input", fInput, "The document; - reads standard input")->required();
+  Options()
+      .add_option("input", fInput, "The document; - reads standard input")
+      ->required()
+      ->check(SomeFile());
   Options().add_flag("--json", fJson, "As a JSON object");
 }
 

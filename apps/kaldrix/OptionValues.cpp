@@ -39,6 +39,12 @@ CLI::Validator Between(double aLeast, double aMost) {
   return {problem, Ends(aLeast, aMost, ".."), "Between"};
 }
 
+CLI::Validator SomeFile() {
+  return {
+      [](const std::string& name) { return name.empty() ? "the name of the file is empty" : std::string(); },
+      "FILE", "SomeFile"};
+}
+
 std::optional<std::size_t> SizeOf(std::string_view aText) {
   int bits = 0;
   if (const std::size_t step = aText.empty() ? std::string_view::npos : SizeSteps.find(aText.back());

@@ -15,6 +15,10 @@ namespace Zor::Program {
 /// A number from one end to the other. What is none (nan) and what has no end (inf) lie outside.
 CLI::Validator Between(double aLeast, double aMost);
 
+/// The name of a file, which is not empty: a variable of a script that is not set would pass for an option
+/// that is not given.
+CLI::Validator SomeFile();
+
 /// "4711", "64K", "4G", "1T": bytes, in steps of 1024; nothing for other texts.
 std::optional<std::size_t> SizeOf(std::string_view aText);
 

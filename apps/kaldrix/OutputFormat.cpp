@@ -5,6 +5,7 @@
 
 #include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/Streams.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/Utf8.hpp"
 
@@ -47,7 +48,9 @@ void AddSvgText(CLI::App& aOptions, TSvgTextForm& aForm) {
 CLI::Option* Output::AddOptions(CLI::App& aOptions, bool aPictures) {
   fPictures = aPictures;
   CLI::Option* name =
-      aOptions.add_option("-o,--output", fName, "The file to write; - writes to standard output")->required();
+      aOptions.add_option("-o,--output", fName, "The file to write; - writes to standard output")
+          ->required()
+          ->check(SomeFile());
   aOptions.add_option("--format", fFormat, Words() + "; told by the output's suffix if not given")
       ->check([this](const std::string& word) {
         return FindFormat(word, fPictures) != nullptr ? std::string()
@@ -69,6 +72,12 @@ const TOutputFormat& Output::Format() const {
     throw CLI::ValidationError("--format", "no format is known for '" + fName + "': tell " + Words());
   }
   return *format;
+}
+
+void Output::RequireOther(const std::string& aInput, TFileSet aFiles) const {
+  aFiles.Add(aInput == "-" ? "/dev/stdin" : aInput, "the input");
+  if (const std::string* what = aFiles.Find(fName))
+    throw EStreamError(fName + ": this is " + *what + ", which the output would replace");
 }
 
 void Output::Write(TKDXLabel& aDocument, const TExportOptions& aOptions) const {

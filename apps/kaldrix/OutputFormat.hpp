@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "kaldrix/host/Export.hpp"
+#include "kaldrix/platform/TFileSet.hpp"
 
 namespace CLI {
 class App;
@@ -29,6 +30,8 @@ class Output {
   CLI::Option* AddOptions(CLI::App& aOptions, bool aPictures);
   /// The form that was asked for, or that of the file's suffix. Raises CLI::ValidationError.
   const TOutputFormat& Format() const;
+  /// Raises EStreamError when the output is the input, or one of those files, under whatever name.
+  void RequireOther(const std::string& aInput, TFileSet aFiles = {}) const;
   void Write(TKDXLabel& aDocument, const TExportOptions& aOptions) const;
   /// Writes something that is no document; to standard output when no name was told.
   void WriteBytes(std::string_view aBytes) const;

@@ -1,6 +1,7 @@
 #include "apps/kaldrix/PrintCommand.hpp"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -72,20 +73,26 @@ std::uint32_t SumOf(std::uint32_t aBytes, const TKDXData& aData, std::initialize
 PrintCommand::PrintCommand(CLI::App& aProgram, const bool& aQuiet)
     : Command(aProgram, "print", "Print labels from data, counters and questions, sheet by sheet"),
       fQuiet(aQuiet) {
-  Options().add_option("input", fInput, "The document; - reads standard input")->required();
+  Options()
+      .add_option("input", fInput, "The document; - reads standard input")
+      ->required()
+      ->check(SomeFile());
   AddOutputOptions();
   fSource.AddOptions(Options());
-  Options().add_option("--answers", fAnswers, "The answers to the questions: a JSON object, name to value");
+  Options()
+      .add_option("--answers", fAnswers, "The answers to the questions: a JSON object, name to value")
+      ->check(SomeFile());
   AddRangeOptions();
   AddLedgerOptions();
   Options().parse_complete_callback([this] { CheckUse(); });
 }
 
 void PrintCommand::AddOutputOptions() {
-  Options().add_option(
-      "-o,--output", fOutput,
-      "The PDF to write, - for standard output; SVG and PNG are a file for each page, numbered "
-      "-0001, ...");
+  Options()
+      .add_option("-o,--output", fOutput,
+                  "The PDF to write, - for standard output; SVG and PNG are a file for each page, numbered "
+                  "-0001, ...")
+      ->check(SomeFile());
   Options()
       .add_option("--format", fFormat, "pdf, svg or png; told by the output's suffix if not given")
       ->check(CLI::IsMember({"pdf", "svg", "png"}));
@@ -115,8 +122,10 @@ void PrintCommand::AddRangeOptions() {
 }
 
 void PrintCommand::AddLedgerOptions() {
-  auto* manifest = Options().add_option(
-      "--manifest", fManifest, "Write in numbered parts, and note in this file what stands in each cell");
+  auto* manifest = Options()
+                       .add_option("--manifest", fManifest,
+                                   "Write in numbered parts, and note in this file what stands in each cell")
+                       ->check(SomeFile());
   Options()
       .add_option("--part", fPart, "Pages to a part")
       ->needs(manifest)
@@ -168,7 +177,9 @@ TRunJob PrintCommand::Job() const {
 int PrintCommand::Run() const {
   TKDXLabel document;
   const std::uint32_t bytes = LoadDocument(document, fInput);
+  FindPictures(document, fInput);
   fSource.Attach(document, fInput);
+  TellUnlinked(document);
   const std::string answers = fAnswers.empty() ? "{}" : ReadTextInput(fAnswers);
   TLabelRun run = Named(fInput, [&] { return TLabelRun(document); });
   CheckHeader(document);
@@ -200,6 +211,19 @@ int PrintCommand::Run() const {
   });
 }
 
+void PrintCommand::TellUnlinked(const TKDXLabel& aDocument) const {
+  if (aDocument.fData->fLinkData) return;
+  const auto isBound = [](const TKDXBaseItem* item) {
+    const auto* bound = dynamic_cast<const IZORData*>(item);
+    return bound != nullptr && !bound->FillName().empty();
+  };
+  const auto bound = std::count_if(aDocument.fItems.begin(), aDocument.fItems.end(), isBound);
+  if (bound > 0)
+    Tell(ToldName(fInput) +
+         ": its data are switched off (\"LinkData\"): items that show the texts of the design: " +
+         std::to_string(bound));
+}
+
 void PrintCommand::Listen(TRunJob& aJob, ProgressLine& aProgress) const {
   aJob.onPage = [&aProgress](int page, int pages) { aProgress.Show("page", page, pages); };
   aJob.onNote = [&aProgress](const std::string& text) {
@@ -216,6 +240,7 @@ TFileSet PrintCommand::Taken(const TKDXLabel& aDocument) const {
   taken.Add(fInput, "the document");
   taken.Add(fAnswers, "the file of the answers");
   fSource.AddFiles(taken, aDocument);
+  AddPictures(taken, aDocument);
   if (const std::string* what = taken.Find(fManifest))
     throw EStreamError(fManifest + ": this is " + *what + ", and no ledger");
   taken.Add(fManifest, "the ledger");

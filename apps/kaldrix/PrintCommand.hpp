@@ -23,6 +23,8 @@ class PrintCommand final : public Command {
   void CheckUse();
   void CheckOutputUse() const;
   TRunJob Job() const;
+  /// Tells that items show no data although they are bound to some.
+  void TellUnlinked(const TKDXLabel& aDocument) const;
   void Listen(TRunJob& aJob, ProgressLine& aProgress) const;
   /// What must not be written to.
   TFileSet Taken(const TKDXLabel& aDocument) const;

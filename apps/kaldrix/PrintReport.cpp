@@ -1,5 +1,7 @@
 #include "apps/kaldrix/PrintReport.hpp"
 
+#include "kaldrix/platform/ShownName.hpp"
+
 namespace Zor::Program {
 
 namespace {
@@ -9,7 +11,8 @@ std::string Told(const TRunLabel& aLabel) {
   std::string text = "label " + std::to_string(aLabel.label) + ": page " + std::to_string(aLabel.page) +
                      ", row " + std::to_string(aLabel.row) + ", column " + std::to_string(aLabel.column);
   if (aLabel.record > 0) text += ", record " + std::to_string(aLabel.record);
-  for (const auto& [name, value] : aLabel.counters) text += ", " + name + " '" + value + "'";
+  for (const auto& [name, value] : aLabel.counters)
+    text += ", " + ShownName(name) + " '" + ShownName(value) + "'";
   return text;
 }
 
@@ -29,8 +32,8 @@ std::string PrintReport::Text(const std::vector<std::string>& aFiles) const {
   if (fFirst) text += "first " + Told(*fFirst) + "\n";
   if (fLast) text += "last " + Told(*fLast) + "\n";
   if (!aFiles.empty()) {
-    text += "files: " + std::to_string(aFiles.size()) + ": " + aFiles.front();
-    if (aFiles.size() > 1) text += " to " + aFiles.back();
+    text += "files: " + std::to_string(aFiles.size()) + ": " + ShownName(aFiles.front());
+    if (aFiles.size() > 1) text += " to " + ShownName(aFiles.back());
     text += "\n";
   }
   return text;

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/SourceFile.hpp"
 #include "apps/kaldrix/Streams.hpp"
 #include "kaldrix/host/TSqliteDataSet.hpp"
@@ -10,6 +11,7 @@
 #include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/NameHints.hpp"
+#include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::Program {
 
@@ -43,14 +45,18 @@ std::vector<std::string> Captions(const TMembers& aMembers) {
 
 void PrintSource::AddOptions(CLI::App& aOptions) {
   auto* csv = fCsv.AddOptions(aOptions);
-  auto* json = aOptions.add_option(
-      "--json", fJson, "The records are an array in the object of this file; - reads standard input");
-  auto* sqlite = aOptions.add_option("--sqlite", fSqlite, "The records are a query on this database");
+  auto* json = aOptions
+                   .add_option("--json", fJson,
+                               "The records are an array in the object of this file; - reads standard input")
+                   ->check(SomeFile());
+  auto* sqlite =
+      aOptions.add_option("--sqlite", fSqlite, "The records are a query on this database")->check(SomeFile());
   auto* query = aOptions.add_option("--query", fQuery, "The query, one SELECT")->needs(sqlite);
   sqlite->needs(query);
   csv->excludes(json)->excludes(sqlite);
   json->excludes(sqlite);
   aOptions.add_option("--source", fName, "The name of the array of a JSON file")
+      ->check([](const std::string& name) { return name.empty() ? "the name is empty" : std::string(); })
       ->excludes(csv)
       ->excludes(sqlite);
   aOptions.add_option("--repeat", fRepeat,
@@ -96,14 +102,17 @@ void PrintSource::AttachJson(TKDXData& aData) {
 }
 
 void PrintSource::SelectArray(TKDXData& aData, const std::string& aFile) const {
-  if (aData.Select(dtyJson, fName.empty() ? aData.fDataSel : fName)) return;
   std::vector<std::string> arrays;
   for (const auto& source : aData.fDatasets) {
     if (source->fDataType == dtyJson) arrays.push_back(source->fCaption);
   }
-  if (!fName.empty())
+  const bool found = aData.Select(dtyJson, fName.empty() ? aData.fDataSel : fName);
+  if (!found && !fName.empty())
     throw Exception(aFile + ": there is no array '" + fName + "'" + NameHint(fName, arrays));
-  if (!aData.Select(dtyJson)) throw Exception(aFile + ": there are no records in it");
+  if (!found && !aData.Select(dtyJson)) throw Exception(aFile + ": there are no records in it");
+  const auto isTaken = [&](const std::string& array) { return SameText(array, aData.fDataSel); };
+  if (std::count_if(arrays.begin(), arrays.end(), isTaken) > 1)
+    throw Exception(aFile + ": there is more than one array '" + aData.fDataSel + "'");
 }
 
 void PrintSource::AttachSqlite(TKDXData& aData) {

@@ -32,8 +32,9 @@ std::vector<std::string> FilesLike(const std::string& aName) {
 
 void RequireSourceFile(const std::string& aName) {
   if (FileExists(aName) || DirectoryExists(aName)) return;
+  const std::vector<std::string> others = FilesLike(aName);
   throw EFileNotFoundException(aName + ": there is no such file" +
-                               NameHint(ExtractFileName(aName), FilesLike(aName)));
+                               (others.empty() ? "" : NameHint(ExtractFileName(aName), others)));
 }
 
 TFileWindow OpenSourceFile(const std::string& aName) {

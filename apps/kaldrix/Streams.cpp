@@ -4,6 +4,7 @@
 
 #include <iostream>
 
+#include "apps/kaldrix/SourceFile.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/ShownName.hpp"
 #include "kaldrix/platform/TDescriptor.hpp"
@@ -12,7 +13,10 @@
 namespace Zor::Program {
 
 std::string ReadInput(const std::string& aName) {
-  if (aName != "-") return ReadFile(aName);
+  if (aName != "-") {
+    RequireSourceFile(aName);
+    return ReadFile(aName);
+  }
   return ReadDescriptor(STDIN_FILENO, ToldName(aName));
 }
 

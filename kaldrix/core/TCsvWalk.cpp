@@ -33,7 +33,8 @@ bool TCsvWalk::TakeRepeat(const std::string& aField) {
 Int64 TCsvWalk::Repeat() const { return TextToWhole(fFile->RawColumn(Line(), fRepeat)).value_or(1); }
 
 std::string TCsvWalk::RepeatProblem() const {
-  if (TextToWhole(fFile->RawColumn(Line(), fRepeat))) return {};
+  const std::optional<Int64> labels = TextToWhole(fFile->RawColumn(Line(), fRepeat));
+  if (labels && *labels <= MostLabels) return {};
   return Told({{Position(), 0, RepeatFault(fData.fFieldRepeat, fFile->Column(fRepeat))}}).front();
 }
 
@@ -44,6 +45,11 @@ std::string TCsvWalk::Value(const std::string& aField, const std::string& aForma
   const int column = fData.GetCsvPos(aField);
   if (column < 0) return aFormat.empty() ? aField : std::string();
   return ColumnText(fFile->Column(column), aFormat);
+}
+
+std::string TCsvWalk::ExactValue(const std::string& aField, const std::string& aFormat) const {
+  const int column = fData.GetCsvPos(aField);
+  return column < 0 ? Value(aField, aFormat) : ExactColumnText(fFile->Column(column), aFormat);
 }
 
 std::vector<std::string> TCsvWalk::Told(const std::vector<TCsvProblem>& aProblems) const {

@@ -24,6 +24,7 @@ class TCsvWalk final : public TSourceWalk {
   std::string RepeatProblem() const override;
   bool Offers(const std::string& aField) override;
   std::string Value(const std::string& aField, const std::string& aFormat) const override;
+  std::string ExactValue(const std::string& aField, const std::string& aFormat) const override;
   std::vector<std::string> RecordProblems() const override;
   std::vector<std::string> HeaderProblems() override;
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
 #include "kaldrix/core/DataText.hpp"
 #include "kaldrix/platform/TextNumbers.hpp"
+#include "kaldrix/platform/Utf8.hpp"
 
 namespace Zor::inline Base {
 
@@ -58,7 +60,9 @@ std::string TDatasetWalk::RepeatProblem() const {
   // A number with a point may be whole, too.
   const bool whole =
       !field.IsNull() && TextToNumber(field.AsString()) == static_cast<double>(field.AsInteger());
-  return whole ? std::string() : RepeatFault(fRepeat, field.IsNull() ? std::string() : field.AsString());
+  return whole && field.AsInteger() <= MostLabels
+             ? std::string()
+             : RepeatFault(fRepeat, field.IsNull() ? std::string() : field.AsString());
 }
 
 Int64 TDatasetWalk::SumLabels() {
@@ -68,6 +72,23 @@ Int64 TDatasetWalk::SumLabels() {
 
 std::string TDatasetWalk::Value(const std::string& aField, const std::string& aFormat) const {
   return FieldText(fDataset.FieldByName(aField), aFormat);
+}
+
+std::string TDatasetWalk::ExactValue(const std::string& aField, const std::string& aFormat) const {
+  return ExactFieldText(fDataset.FieldByName(aField), aFormat);
+}
+
+std::vector<std::string> TDatasetWalk::HeaderProblems() {
+  std::vector<std::string> problems;
+  std::unordered_map<std::string, int> places;
+  for (int i = 0; i < fDataset.FieldCount(); ++i) {
+    const std::string& name = fDataset.Fields(i).FieldName();
+    const auto [place, added] = places.emplace(LowerCase(name), i + 1);
+    if (added) continue;
+    problems.push_back(fDataset.Name() + ": column " + std::to_string(i + 1) + ": the name \"" + name +
+                       "\" stands for column " + std::to_string(place->second) + " already");
+  }
+  return problems;
 }
 
 }  // namespace Zor::inline Base

@@ -20,6 +20,9 @@ class TDatasetWalk final : public TSourceWalk {
   Int64 SumLabels() override;
   bool Offers(const std::string& aField) override { return fDataset.FindField(aField) != nullptr; }
   std::string Value(const std::string& aField, const std::string& aFormat) const override;
+  std::string ExactValue(const std::string& aField, const std::string& aFormat) const override;
+  /// Only the first of several columns of a name can be told.
+  std::vector<std::string> HeaderProblems() override;
 
  private:
   TDataSet& fDataset;

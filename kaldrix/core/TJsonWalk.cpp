@@ -1,5 +1,7 @@
 #include "kaldrix/core/TJsonWalk.hpp"
 
+#include <algorithm>
+
 #include "kaldrix/core/DataText.hpp"
 #include "kaldrix/platform/TextNumbers.hpp"
 
@@ -65,9 +67,20 @@ std::string TJsonWalk::Value(const std::string& aField, const std::string& aForm
   return JsonText(JsonRecord(), aField, aFormat);
 }
 
+std::string TJsonWalk::ExactValue(const std::string& aField, const std::string& aFormat) const {
+  return ExactJsonText(JsonRecord(), aField, aFormat);
+}
+
 std::vector<std::string> TJsonWalk::RecordProblems() const {
-  if (JsonRecord() != nullptr) return {};
-  return {"record " + std::to_string(fRecord) + " is no object"};
+  const std::string here = "record " + std::to_string(fRecord);
+  const TJsonObject* record = JsonRecord();
+  if (record == nullptr) return {here + " is no object"};
+  std::vector<std::string_view> names;
+  for (int i = 0; i < record->Count(); ++i) names.push_back(record->GetNameView(i));
+  std::sort(names.begin(), names.end());
+  const auto twice = std::adjacent_find(names.begin(), names.end());
+  if (twice == names.end()) return {};
+  return {here + ": '" + std::string(*twice) + "' stands there twice"};
 }
 
 }  // namespace Zor::inline Base

@@ -26,6 +26,7 @@ class TJsonWalk final : public TSourceWalk {
   /// Looks for it in all records, where need be.
   bool Offers(const std::string& aField) override;
   std::string Value(const std::string& aField, const std::string& aFormat) const override;
+  std::string ExactValue(const std::string& aField, const std::string& aFormat) const override;
   const TJsonObject* JsonRecord() const override;
   std::vector<std::string> RecordProblems() const override;
 

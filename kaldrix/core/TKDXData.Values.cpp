@@ -34,7 +34,7 @@ bool TKDXData::IsValidData(TZORFillType aFill, const std::string& aField) const 
 std::string TKDXData::DataValue(const std::string& aField, const std::string& aFormat) const {
   if (!fLinkData || fType == dtyNone || fType == dtyCustom) return aField;
   if (fSource == nullptr || fOpenType != fType) return aField;
-  return fSource->Value(aField, aFormat);
+  return fStrict ? fSource->ExactValue(aField, aFormat) : fSource->Value(aField, aFormat);
 }
 
 bool TKDXData::DataGraphic(const std::string& aField, std::string& aStream) const {

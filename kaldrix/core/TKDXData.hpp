@@ -178,7 +178,8 @@ class TKDXData final : public TPersistent, public TDataContent {
   bool IsValidData(TZORFillType aFill, const std::string& aField) const;
   /// The field's value in the current record. The field's own name while the document is not linked or no
   /// source is open. A missing JSON key is empty, a missing column too with a format, else its name; a
-  /// missing field of a data set raises Exception.
+  /// missing field of a data set raises Exception, and so does, with fStrict, a value that the text would not
+  /// tell.
   std::string DataValue(const std::string& aField, const std::string& aFormat) const;
   /// The same in the current row of a detail.
   std::string DataDetailValue(const std::string& aDetail, const std::string& aField,
@@ -229,7 +230,8 @@ class TKDXData final : public TPersistent, public TDataContent {
   TKDXBaseLabel* fOwner;
   TKDXDatasets fDatasets;         ///< what the sources offer
   TTextCode fCsvCode = tcByMark;  ///< not stored
-  /// A record whose repeat field tells no whole number gives one label, with a problem; not stored.
+  /// A record whose repeat field tells no whole number gives one label, with a problem, and a value that its
+  /// text would not tell raises Exception; not stored.
   bool fStrict = false;
   unsigned fMoves = 0;  ///< grows with each move of the walk
 

@@ -48,6 +48,8 @@ class TSourceWalk {
   virtual bool Offers(const std::string& aField) = 0;
 
   virtual std::string Value(const std::string& aField, const std::string& aFormat) const = 0;
+  /// The same; raises Exception where the text would not be what the record holds.
+  virtual std::string ExactValue(const std::string& aField, const std::string& aFormat) const = 0;
   /// The current record of a JSON source; none for another, and where the record is no object.
   virtual const TJsonObject* JsonRecord() const { return nullptr; }
 

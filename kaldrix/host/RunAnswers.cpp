@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "kaldrix/core/DataText.hpp"
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/json/JsonDateTime.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
@@ -44,25 +45,28 @@ bool TakeDate(TZOAskField& aQuestion, const std::string& aText) {
   }
 }
 
+std::string Given(const std::string& aText) { return "'" + aText + "' "; }
+
 /// Empty, or what is wrong.
 std::string Answer(TZOAskField& aQuestion, const std::string& aText) {
   switch (aQuestion.fAskType) {
     case atInteger:
-      return TakeWhole(aQuestion, aText) ? "" : "is no whole number";
+      return TakeWhole(aQuestion, aText) ? "" : Given(aText) + "is no whole number";
     case atNumber:
-      return TakeNumber(aQuestion, aText) ? "" : "is no number";
+      if (!TakeNumber(aQuestion, aText)) return Given(aText) + "is no number";
+      return DigitsFault(aText);
     case atDateTime:
-      return TakeDate(aQuestion, aText) ? "" : "is no date (YYYY-MM-DD)";
+      return TakeDate(aQuestion, aText) ? "" : Given(aText) + "is no date (YYYY-MM-DD)";
     default:
       aQuestion.fAnsText = aText;
-      return {};
+      return LostFault(aText);
   }
 }
 
 std::string Answer(TZOValList& aList, const std::string& aText) {
   const std::vector<std::string>& values = aList.GetValues();
   if (!values.empty() && std::find(values.begin(), values.end(), aText) == values.end()) {
-    return "is none of the values of the list" + NameHint(aText, values);
+    return Given(aText) + "is none of the values of the list" + NameHint(aText, values);
   }
   aList.fAnsText = aText;
   return {};
@@ -78,8 +82,8 @@ void Ask(TAsked& aAsked, const std::string& aWhat, const TJsonObject& aAnswers, 
     problem = "has no answer" + aWhat;
   } else if (answer->AsObject() != nullptr || answer->AsArray() != nullptr) {
     problem = "the answer is no text, number or date";
-  } else if (const std::string wrong = Answer(aAsked, answer->GetString()); !wrong.empty()) {
-    problem = "'" + answer->GetString() + "' " + wrong;
+  } else {
+    problem = Answer(aAsked, answer->GetString());
   }
   if (!problem.empty()) aProblems += "\n  " + aAsked.fName + ": " + problem;
 }

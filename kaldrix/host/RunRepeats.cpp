@@ -59,6 +59,9 @@ std::vector<std::string> UnevenEnds(const TKDXLabel& aDocument, const TLabelRun&
                      (labels.starts_with("labels") ? "" : "s") + " the last record again");
   }
   ForCounters(aDocument, [&](TKDXCounter& counter, Int64 end) {
+    if (counter.fNumFrom > counter.fNumTo)
+      told.push_back("counter '" + counter.fName + "' begins at " + std::to_string(counter.fNumFrom) +
+                     ", behind its end " + std::to_string(counter.fNumTo) + ": it has one value");
     if (aRun.Labels() >= end) return;
     told.push_back("the run ends at label " + std::to_string(aRun.Labels()) + ": no label comes to '" +
                    ValueAt(counter, end) + "', the end of counter '" + counter.fName + "'");

@@ -1,5 +1,7 @@
 #include "kaldrix/host/TLabelRun.hpp"
 
+#include <limits>
+
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
@@ -49,7 +51,10 @@ void TLabelRun::CheckBindings() const {
   }
   if (!problems.empty()) throw Exception("Items of this print:" + problems);
   const TKDXData& data = *fDocument.fData;
-  if (!data.fLinkData || data.fType == dtyNone || data.fNumlabels > 0) return;
+  if (!data.fLinkData || data.fType == dtyNone) return;
+  if (data.fNumlabels == std::numeric_limits<int>::max())
+    throw Exception(SourceName(data) + ": the records give more labels than a run can have");
+  if (data.fNumlabels > 0) return;
   if (data.Records() == 0) throw Exception(SourceName(data) + ": there are no records in it");
   throw Exception(SourceName(data) + ": no record gives a label: " + data.fFieldRepeat +
                   " is 0 in all of them");

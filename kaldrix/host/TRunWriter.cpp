@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <filesystem>
 
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
@@ -24,6 +25,12 @@ std::string FormOf(const TRunJob& aJob) {
     default:
       return "pdf";
   }
+}
+
+/// A file without a byte is none: that is what a full disk or a machine without power leaves.
+bool IsThere(const std::string& aFileName) {
+  std::error_code failed;
+  return FileExists(aFileName) && std::filesystem::file_size(aFileName, failed) > 0;
 }
 
 /// Is it what NumberedName makes of that output?
@@ -158,7 +165,7 @@ void TRunWriter::WriteMissing() {
   for (int part = 1, page = 1; part <= FinishedParts(); ++part) {
     const int end = ends[static_cast<std::size_t>(part) - 1], step = fJob.format == rfPdf ? end - page : 0;
     for (; page <= end; page += step + 1) {
-      if (FileExists(FileOf(part, page))) continue;
+      if (IsThere(FileOf(part, page))) continue;
       missing.push_back({part, page, page + step});
       std::fill_n(wanted.begin() + page, step + 1, true);
     }
@@ -169,7 +176,8 @@ void TRunWriter::WriteMissing() {
   fPrinted = &printed;
   for (const TMissing& m : missing) {
     WritePart(m.part, m.first, m.last);
-    Note(FileOf(m.part, m.first) + ": this file of a finished part was missing, and is written again");
+    Note(FileOf(m.part, m.first) +
+         ": this file of a finished part was missing or empty, and is written again");
   }
   fPrinted = nullptr;
 }

@@ -158,6 +158,7 @@ TSqliteDataSet::TSqliteDataSet(const std::string& aFileName, const std::string& 
   fRows = Prepare(fQuery);
   if (sqlite3_column_count(fRows.get()) == 0) Raise("the query gives no columns");
   if (sqlite3_stmt_readonly(fRows.get()) == 0) Raise("the query would change the database");
+  if (sqlite3_bind_parameter_count(fRows.get()) > 0) Raise("the query has parameters, which nothing fills");
   First();
   MakeFields();
 }
@@ -171,6 +172,7 @@ void TSqliteDataSet::Check(int aResult) const {
 }
 
 void TSqliteDataSet::Open(int aWaitMs) {
+  if (DirectoryExists(fFileName)) Raise("this is a folder");
   if (!FileExists(fFileName)) throw EFileNotFoundException("File not found: " + fFileName);
   sqlite3* opened = nullptr;
   const int result = sqlite3_open_v2(fFileName.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);

@@ -55,7 +55,13 @@ void TAppendFile::Cut(std::uint64_t aKeep) {
 }
 
 void TAppendFile::Append(std::string_view aBytes) {
-  WriteAll(fFile.Handle(), aBytes, fFileName);
+  const off_t before = ::lseek(fFile.Handle(), 0, SEEK_END);
+  try {
+    WriteAll(fFile.Handle(), aBytes, fFileName);
+  } catch (const EStreamError&) {
+    if (before >= 0) Cut(static_cast<std::uint64_t>(before));
+    throw;
+  }
   if (::fsync(fFile.Handle()) != 0) RaiseErrno("Cannot write", fFileName, errno);
 }
 

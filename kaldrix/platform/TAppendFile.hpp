@@ -19,6 +19,7 @@ class TAppendFile {
 
   /// Cuts it to its first `aKeep` bytes.
   void Cut(std::uint64_t aKeep);
+  /// Bytes that do not fit leave nothing.
   void Append(std::string_view aBytes);
   /// Takes the file away, while it is still locked.
   void Remove();

@@ -17,13 +17,23 @@ constexpr std::size_t HeadBytes = std::size_t{1} << 16;
 /// So many characters, at most, of a text in UTF-16 are counted for each one below U+0100.
 constexpr std::size_t MostForEachZero = 8;
 
-/// UTF-16 without a mark, told by its zeros; tcByMark where it is none.
+/// Does a line end in UTF-16, whose zeros stand at even places (0) or at odd ones (1)?
+bool HasWideLineEnd(std::string_view aHead, std::size_t aParity) {
+  for (std::size_t i = 0; i + 1 < aHead.size(); i += 2) {
+    const char c = aHead[i + 1 - aParity];
+    if ((c == '\n' || c == '\r') && aHead[i + aParity] == '\0') return true;
+  }
+  return false;
+}
+
+/// UTF-16 without a mark, told by its zeros; tcByMark where it is none. A NUL in a short text of bytes is no
+/// sign of it, while one in UTF-16 has lines.
 TTextCode WideCode(std::string_view aHead) {
   std::array<std::size_t, 2> zeros{};  // at even places, at odd places
   for (std::size_t i = 0; i < aHead.size(); ++i) zeros[i % 2] += aHead[i] == '\0' ? 1 : 0;
   const auto tells = [&](std::size_t aParity) {
     return zeros[1 - aParity] == 0 && zeros[aParity] > 0 &&
-           zeros[aParity] * MostForEachZero >= aHead.size() / 2;
+           zeros[aParity] * MostForEachZero >= aHead.size() / 2 && HasWideLineEnd(aHead, aParity);
   };
   return tells(1) ? tcUtf16 : tells(0) ? tcUtf16Big : tcByMark;
 }

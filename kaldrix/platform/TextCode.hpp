@@ -19,8 +19,8 @@ enum TTextCode : std::uint8_t {
 inline bool IsUtf16(TTextCode aCode) { return aCode == tcUtf16 || aCode == tcUtf16Big; }
 
 /// By a mark where there is one. Without one UTF-16 where every other byte is often 0 and those between them
-/// never, UTF-8 where more bytes continue a character than fit nowhere, so that a single bad byte is told
-/// and not taken for another code, else Windows-1252 (tcByMark). Looks at all bytes.
+/// never and a line ends so, UTF-8 where more bytes continue a character than fit nowhere, so that a single
+/// bad byte is told and not taken for another code, else Windows-1252 (tcByMark). Looks at all bytes.
 TTextCode GuessTextCode(const TFileWindow& aBytes);
 
 /// Without its mark; what is no UTF-16 becomes U+FFFD.

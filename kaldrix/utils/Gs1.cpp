@@ -13,7 +13,7 @@ namespace {
 
 using TSets = std::array<std::uint8_t, 256>;
 
-/// General Specifications, section 7.11, and RFC 4648 for names of files.
+/// The GS1 standard, section 7.11, and RFC 4648 for names of files.
 constexpr TSets SetsOf = [] {
   constexpr std::string_view digits = "0123456789", upper = "ABCDEFGHIJKLMNOPQRSTUVWXYZ",
                              lower = "abcdefghijklmnopqrstuvwxyz";

@@ -9,7 +9,7 @@ namespace Zor::inline Utils {
 
 /// What readers tell for an FNC1 that separates fields.
 inline constexpr char Gs1Separator = '\x1D';
-/// Characters of one GS1-128 symbol, without parentheses, with separators (General Specifications, 5.4.2).
+/// Characters of one GS1-128 symbol, without parentheses, with separators (the GS1 standard, 5.4.2).
 inline constexpr std::size_t MostOfGs1Symbol = 48;
 
 /// Is the text meant as one: does it begin with a parenthesis?

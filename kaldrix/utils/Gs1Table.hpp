@@ -1,4 +1,4 @@
-// The application identifiers of the GS1 General Specifications, section 3: what belongs behind each.
+// The application identifiers of the GS1 standard, section 3: what belongs behind each.
 #pragma once
 
 #include <array>

@@ -55,6 +55,24 @@ TEST_F(DiagramProgram, TellsDiagnosticsWithFileAndLine) {
   }
 }
 
+TEST_F(DiagramProgram, TellsThatItDrawsNeitherUpwardsNorFromTheRight) {
+  const std::string file = File("turned.mmd"), draw = "diagram " + file + " -o " + File("turned.svg");
+  const auto told = [&](const std::string& text) {
+    WriteFileAtomically(file, text);
+    return Kaldrix(draw).text;
+  };
+  const std::string code = ": MERMAID_DIRECTION_TURNED: Drawn from ";
+  EXPECT_EQ(told("%% x\nflowchart BT\na --> b\n"),
+            file + ":2" + code + "the top down, not in the direction BT.\n");
+  EXPECT_EQ(told("graph rl\na --> b\n"), file + ":1" + code + "left to right, not in the direction rl.\n");
+  EXPECT_EQ(told("stateDiagram-v2\ndirection RL\na --> b\n"),
+            file + ":2" + code + "the top down, not in the direction RL.\n");
+  EXPECT_EQ(Kaldrix(draw + " --strict").status, 1);
+  EXPECT_EQ(told("flowchart LR\na --> b\n"), "");
+  EXPECT_EQ(told("flowchart TB\nsubgraph s\ndirection BT\nend\na --> b\n").find("TURNED"), std::string::npos)
+      << "what is no statement is told as that";
+}
+
 TEST_F(DiagramProgram, TellsTheModelAsJson) {
   const std::string file = File("model.txt");
   WriteFileAtomically(file, "@startuml\nA -> B : hello\n@enduml\n");

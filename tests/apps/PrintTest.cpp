@@ -6,6 +6,8 @@
 #include <memory>
 
 #include "apps/Program.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
+#include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/platform/Files.hpp"
@@ -235,6 +237,8 @@ TEST_F(PrintTest, AllQuestionsWithoutAnswersAreListed) {
       {"answers.json: Questions of this print:", "Lott: there is no such question or list; there are 'Lot'",
        "LOT: is answered twice", "Unused: no printed item asks for it", "Packed: the answer is no text",
        "Shift: has no answer"});
+  ExpectFailure(answered(R"({"Lot": "a\ud83d", "Packed": "2026-11-23", "Shift": "late"})"),
+                {"Lot: a character of the value could not be read"});
   EXPECT_EQ(answered(R"({"lot": "L77", "Packed": "2026-11-23", "Shift": "late"})").status, 0);
   EXPECT_NE(Texts("out.pdf").find("L77"), std::string::npos);
 }
@@ -313,6 +317,24 @@ TEST_F(PrintTest, ACounterAtItsEndIsNotRepeatedSilently) {
   EXPECT_EQ(uneven.status, 0);
   EXPECT_NE(uneven.text.find("the run ends at label 19: no label comes to 'A-01296'"), std::string::npos)
       << uneven.text;
+}
+
+TEST_F(PrintTest, DataThatDoNotCountAreTold) {
+  TKDXLabel document;
+  document.fData->fLinkData = true;
+  auto* counter = new TKDXCounter(&document);
+  counter->fName = "Tag";
+  counter->SetNumFrom(9);
+  counter->fNumTo = 3;
+  document.NewText(1000, 1000)->SetData(ftNone, "@Tag", "");
+  Write("a.json", document.SaveToBytes(lfJSON));
+  const std::string print = "print " + File("a.json") + " -o " + File("out.pdf");
+  EXPECT_NE(Kaldrix(print).text.find("counter 'Tag' begins at 9, behind its end 3"), std::string::npos);
+  document.fData->fLinkData = false;
+  Write("a.json", document.SaveToBytes(lfJSON));
+  const TOutcome off = Kaldrix(print);
+  EXPECT_EQ(off.status, 0);
+  EXPECT_NE(off.text.find("items that show the texts of the design: 1\n"), std::string::npos) << off.text;
 }
 
 TEST_F(PrintTest, TheFirstSheetMayBeUsedAlready) {

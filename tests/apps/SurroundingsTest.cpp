@@ -85,6 +85,15 @@ TEST_F(ProgramTest, WrongOptionsAreWrongUse) {
     EXPECT_FALSE(FileExists(File("x.svg"))) << command;
     EXPECT_EQ(done.text.find('\0'), std::string::npos) << command;
   }
+  const std::string print = "print " + Example("labels/address-labels.json") + " -o " + File("x.pdf");
+  for (const std::string& command :
+       {print + " --csv ''", print + " --json ''", print + " --answers ''", print + " --manifest ''",
+        print + " --json a --source ''", std::string("info ''"), std::string("messages -o ''")}) {
+    const TOutcome done = Kaldrix(command);
+    EXPECT_EQ(done.status, 2) << command << "\n" << done.text;
+    EXPECT_NE(done.text.find("is empty"), std::string::npos) << done.text;
+  }
+  EXPECT_FALSE(FileExists(File("x.pdf")));
   for (const char* command : {"export", "print", "barcode", "diagram", "info", "check", "messages"}) {
     const std::string help = Kaldrix(std::string(command) + " --help").text;
     for (const char c : help) EXPECT_TRUE(c == '\n' || static_cast<unsigned char>(c) >= ' ') << command;
@@ -93,8 +102,8 @@ TEST_F(ProgramTest, WrongOptionsAreWrongUse) {
 }
 
 TEST_F(ProgramTest, NamesAreShownSafelyAndWorkWhateverTheirBytes) {
-  EXPECT_EQ(Kaldrix("info 'none\x1B[31m\nkaldrix: fine'").text,
-            "kaldrix: File not found: none\\x1B[31m\\nkaldrix: fine\n");
+  EXPECT_EQ(Kaldrix("info '" + File("none\x1B[31m\nkaldrix: fine") + "'").text,
+            "kaldrix: " + File("none\\x1B[31m\\nkaldrix: fine") + ": there is no such file\n");
   const std::string odd = File("Stra\xDFz");
   CopyFileAtomically(Example("price-label.json"), odd + ".json");
   EXPECT_EQ(Kaldrix("export " + odd + ".json -o " + odd + ".svg").status, 0);
@@ -110,6 +119,60 @@ TEST_F(ProgramTest, NamesAreShownSafelyAndWorkWhateverTheirBytes) {
   const TOutcome over =  // The ledger knows its parts again.
       Kaldrix("print " + odd + ".json -o " + odd + "-0001.pdf --reprint 1 --manifest " + odd + ".ledger");
   EXPECT_EQ(over.status, 1) << over.text;
+}
+
+TEST_F(ProgramTest, FilesThatAreMissingAreToldWithTheirNeighbours) {
+  CopyFile(Example("price-label.json"), File("price.json"));
+  for (const std::string command :
+       {"info ", "check ", "export -o x.svg ", "print -o x.pdf ", "diagram --json ",
+        "print -o x.pdf " KALDRIX_SOURCE_DIR "/examples/price-label.json --answers "}) {
+    const TOutcome done = Kaldrix(command + File("prize.json"));
+    EXPECT_EQ(done.status, 1) << command;
+    EXPECT_EQ(done.text,
+              "kaldrix: " + File("prize.json") + ": there is no such file; there is 'price.json'\n");
+  }
+}
+
+TEST_F(ProgramTest, WhatIsReadIsNotWrittenOver) {
+  CopyFile(Example("price-label.json"), File("a.json"));
+  CopyFile(Example("diagrams/flowchart.mmd"), File("a.mmd"));
+  Shell("ln " + File("a.json") + " " + File("hard.pdf") + "; ln -s a.mmd " + File("soft.svg"));
+  const std::string document = ReadFile(File("a.json")), text = ReadFile(File("a.mmd"));
+  for (const std::string& command : {"export " + File("a.json") + " --format svg -o " + File("a.json"),
+                                     "export " + File("a.json") + " -o " + File("hard.pdf"),
+                                     "diagram " + File("a.mmd") + " -o " + File("soft.svg"),
+                                     "diagram " + File("a.mmd") + " --json -o " + File("a.mmd")}) {
+    const TOutcome done = Kaldrix(command);
+    EXPECT_EQ(done.status, 1) << command;
+    EXPECT_NE(done.text.find("which the output would replace"), std::string::npos) << done.text;
+  }
+  EXPECT_EQ(ReadFile(File("a.json")), document);
+  EXPECT_EQ(ReadFile(File("a.mmd")), text);
+  EXPECT_EQ(Kaldrix("export " + File("a.json") + " -o " + File("a.json")).status, 0) << "a document, anew";
+}
+
+TEST_F(ProgramTest, ThePictureOfTheBackgroundIsFoundKeptAndNotLostInSilence) {
+  ASSERT_EQ(Kaldrix("barcode qr x -o " + File("back.png")).status, 0);
+  std::string text = ReadFile(Example("price-label.json"));
+  const auto put = [&text](const std::string& aOld, const std::string& aNew) {
+    ASSERT_NE(text.find(aOld), std::string::npos);
+    text.replace(text.find(aOld), aOld.size(), aNew);
+  };
+  put(R"("Print": false)", R"("Print": true)");
+  put(R"("FileNameImg": "")", R"("FileNameImg": "back.png")");
+  put(R"("Style": 0)", R"("Style": 1)");
+  WriteFileAtomically(File("a.json"), text);
+  const std::string print = "print " + File("a.json") + " -o ";
+  EXPECT_EQ(Kaldrix(print + File("a.pdf")).status, 0);
+  EXPECT_NE(Shell("pdfimages -list " + File("a.pdf")).text.find("image"), std::string::npos);
+  const TOutcome over = Kaldrix(print + File("back.png") + " --format pdf");
+  EXPECT_NE(over.text.find("this is the picture of the background"), std::string::npos) << over.text;
+  DeleteFile(File("back.png"));
+  const TOutcome lost = Kaldrix(print + File("b.pdf"));
+  EXPECT_EQ(lost.status, 1);
+  EXPECT_NE(lost.text.find("back.png"), std::string::npos) << lost.text;
+  ASSERT_EQ(Kaldrix("export " + File("a.json") + " -o " + File("b.json")).status, 0);
+  EXPECT_NE(ReadFile(File("b.json")).find("back.png"), std::string::npos) << "the name stays";
 }
 
 TEST_F(ProgramTest, InputHasALimit) {

@@ -1,8 +1,10 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 
@@ -193,6 +195,20 @@ TEST_F(FilesTest, TheInputLimitHoldsForFilesAndPipes) {
 TEST_F(FilesTest, DevicesAreWrittenToAndNotReplaced) {
   WriteFileAtomically("/dev/null", "x");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(FilesTest, AJournalKeepsNoHalfOfWhatDidNotFit) {
+  rlimit old{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit small{15, old.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+  TAppendFile journal(In("journal"));
+  journal.Append("first line\n");
+  EXPECT_NE(MessageOf([&] { journal.Append("second line\n"); }).find("Cannot write"), std::string::npos);
+  ::setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(ReadFile(In("journal")), "first line\n");
 }
 
 TEST_F(FilesTest, FailuresNameFileAndReason) {

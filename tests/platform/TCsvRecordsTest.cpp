@@ -115,6 +115,7 @@ TEST(TextCode, IsTheOneThatTheBytesTell) {
       {"\0a\0b\0\n"s, tcUtf16Big},
       {"\x1F\x04\x40\x04\x38\x04\x32\x04;\0\x35\x04\n\0"s, tcUtf16},
       {plain + "\0"s + plain, tcUtf8},
+      {"A;B\n1\0x;2\n"s, tcUtf8},  // a NUL in a short text
   };
   for (const auto& [bytes, code] : cases) {
     EXPECT_EQ(GuessTextCode(TFileWindow(bytes)), code) << bytes.substr(0, 20) << " of " << bytes.size();
