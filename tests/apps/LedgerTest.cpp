@@ -147,12 +147,8 @@ TEST_F(LedgerTest, MissingFilesOfFinishedPartsAreWrittenAgain) {
   ASSERT_EQ(Session("--part 2").status, 0);
   const std::string second = ReadFile(File("tags-0002.pdf"));
   KeepParts(2);
-<<<<<<< HEAD
-  for (const char* part : {"tags-0002.pdf", "tags-0003.pdf"}) RemoveFile(File(part));
-=======
-  DeleteFile(File("tags-0003.pdf"));
+  RemoveFile(File("tags-0003.pdf"));
   WriteFileAtomically(File("tags-0002.pdf"), "");
->>>>>>> 0e8458e (apps: answers, names of 'info', ledgers on a full disk)
   ExpectTold(Resume(), "tags-0002.pdf: this file of a finished part was missing");
   EXPECT_EQ(ReadFile(File("tags-0002.pdf")), second);
   EXPECT_NE(Texts("tags-0003.pdf").find("A-00012"), std::string::npos);

@@ -149,7 +149,7 @@ TEST_F(PrintSourceTest, ValuesAreShownAsTheyStandOrNotAtAll) {
   document.NewText(1000, 6000)->SetData(ftNone, "~b", "");
   Write("two.json", document.SaveToBytes(lfJSON));
   const auto query = [this](const std::string& columns, const std::string& values) {
-    DeleteFile(File("t.db"));
+    RemoveFile(File("t.db"));
     sqlite3* database = nullptr;
     EXPECT_EQ(sqlite3_open(File("t.db").c_str(), &database), SQLITE_OK);
     const std::unique_ptr<sqlite3, int (*)(sqlite3*)> closer(database, &sqlite3_close);

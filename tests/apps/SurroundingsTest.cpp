@@ -122,7 +122,7 @@ TEST_F(ProgramTest, NamesAreShownSafelyAndWorkWhateverTheirBytes) {
 }
 
 TEST_F(ProgramTest, FilesThatAreMissingAreToldWithTheirNeighbours) {
-  CopyFile(Example("price-label.json"), File("price.json"));
+  CopyFileAtomically(Example("price-label.json"), File("price.json"));
   for (const std::string command :
        {"info ", "check ", "export -o x.svg ", "print -o x.pdf ", "diagram --json ",
         "print -o x.pdf " KALDRIX_SOURCE_DIR "/examples/price-label.json --answers "}) {
@@ -134,8 +134,8 @@ TEST_F(ProgramTest, FilesThatAreMissingAreToldWithTheirNeighbours) {
 }
 
 TEST_F(ProgramTest, WhatIsReadIsNotWrittenOver) {
-  CopyFile(Example("price-label.json"), File("a.json"));
-  CopyFile(Example("diagrams/flowchart.mmd"), File("a.mmd"));
+  CopyFileAtomically(Example("price-label.json"), File("a.json"));
+  CopyFileAtomically(Example("diagrams/flowchart.mmd"), File("a.mmd"));
   Shell("ln " + File("a.json") + " " + File("hard.pdf") + "; ln -s a.mmd " + File("soft.svg"));
   const std::string document = ReadFile(File("a.json")), text = ReadFile(File("a.mmd"));
   for (const std::string& command : {"export " + File("a.json") + " --format svg -o " + File("a.json"),
@@ -167,7 +167,7 @@ TEST_F(ProgramTest, ThePictureOfTheBackgroundIsFoundKeptAndNotLostInSilence) {
   EXPECT_NE(Shell("pdfimages -list " + File("a.pdf")).text.find("image"), std::string::npos);
   const TOutcome over = Kaldrix(print + File("back.png") + " --format pdf");
   EXPECT_NE(over.text.find("this is the picture of the background"), std::string::npos) << over.text;
-  DeleteFile(File("back.png"));
+  RemoveFile(File("back.png"));
   const TOutcome lost = Kaldrix(print + File("b.pdf"));
   EXPECT_EQ(lost.status, 1);
   EXPECT_NE(lost.text.find("back.png"), std::string::npos) << lost.text;

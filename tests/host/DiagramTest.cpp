@@ -10,7 +10,7 @@
 #include "kaldrix/core/DiagramLoader.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
-#include "kaldrix/host/DrawingCheck.hpp"
+#include "host/DrawingCheck.hpp"
 #include "kaldrix/host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/items/TKDXBaseFlow.hpp"
 #include "kaldrix/platform/Files.hpp"

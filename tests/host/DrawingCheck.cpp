@@ -1,4 +1,4 @@
-#include "kaldrix/host/DrawingCheck.hpp"
+#include "host/DrawingCheck.hpp"
 
 #include <algorithm>
 #include <array>

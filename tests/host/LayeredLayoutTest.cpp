@@ -3,7 +3,7 @@
 #include <cmath>
 #include <random>
 
-#include "kaldrix/host/LayoutChecks.hpp"
+#include "host/LayoutChecks.hpp"
 #include "kaldrix/host/diagrams/LayeredLayout.hpp"
 
 namespace Zor {

@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "kaldrix/host/LayoutChecks.hpp"
+#include "host/LayoutChecks.hpp"
 #include "kaldrix/host/diagrams/TreeLayout.hpp"
 
 namespace Zor {
