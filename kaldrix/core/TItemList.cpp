@@ -40,7 +40,7 @@ int TItemList::CountBelow(std::int64_t aRank) const {
 
 // Coming and going --------------------------------------------------
 
-void TItemList::Adopt(TKDXBaseItem* aItem) { Insert(*aItem, fCount, false); }
+void TItemList::Adopt(TKDXBaseItem* aItem) { Insert(*aItem, fCount, 0); }
 
 void TItemList::Extract(const TKDXBaseItem* aItem) {
   if (fBlocks.empty()) return;
@@ -76,12 +76,12 @@ void TItemList::Swap(TItemList& aOther) noexcept {
 
 void TItemList::MoveToEnd(TKDXBaseItem& aItem, bool aLast) {
   Extract(&aItem);
-  Insert(aItem, aLast ? fCount : 0, !aLast);
+  Insert(aItem, aLast ? fCount : 0, 0);
 }
 
-void TItemList::Insert(TKDXBaseItem& aItem, int aIndex, bool aByNext) {
+void TItemList::Insert(TKDXBaseItem& aItem, int aIndex, int aLeaning) {
   if (!HasRoom(aIndex)) Renumber();
-  const std::int64_t rank = RankFor(aIndex, aByNext);
+  const std::int64_t rank = RankFor(aIndex, aLeaning);
   // What comes to an end is out of order.
   if (aIndex == fCount) fOrderTo = std::min(fOrderTo, rank - 1);
   if (aIndex == 0) fOrderFrom = std::max(fOrderFrom, rank + 1);
@@ -110,11 +110,13 @@ bool TItemList::HasRoom(int aIndex) const {
   return (*this)[aIndex]->fRank - (*this)[aIndex - 1]->fRank > 1;
 }
 
-std::int64_t TItemList::RankFor(int aIndex, bool aByNext) const {
+std::int64_t TItemList::RankFor(int aIndex, int aLeaning) const {
   if (fCount == 0) return 0;
   if (aIndex == fCount) return Last()->fRank + RankGap;
   if (aIndex == 0) return First()->fRank - RankGap;
-  return aByNext ? (*this)[aIndex]->fRank - 1 : (*this)[aIndex - 1]->fRank + 1;
+  const std::int64_t previous = (*this)[aIndex - 1]->fRank, next = (*this)[aIndex]->fRank;
+  if (aLeaning == 0) return previous + (next - previous) / 2;
+  return aLeaning > 0 ? previous + 1 : next - 1;
 }
 
 void TItemList::Split(std::size_t aBlock) {

@@ -103,11 +103,15 @@ class TItemList {
       aBefore(*each.item);
       Extract(each.item);
     }
-    int place = 0;
+    // All places before the first change, since ranks may be given anew.
+    for (TKeyed& each : displaced) each.place = PlaceFor(each, aKeyOf);
+    int came = 0;
     for (const TKeyed& each : displaced) {
-      place = PlaceFor(each, place, aKeyOf);
-      const bool byNext = place < fCount && aKeyOf(*(*this)[place]) == each.key;
-      Insert(*each.item, place++, byNext);
+      const int place = each.place + came++;
+      const auto alike = [&](int aIndex) {
+        return aIndex >= 0 && aIndex < fCount && aKeyOf(*(*this)[aIndex]) == each.key;
+      };
+      Insert(*each.item, place, alike(place - 1) - alike(place));
       aAfter(*each.item);
     }
     NoteOrder();
@@ -132,6 +136,7 @@ class TItemList {
   struct TKeyed {
     int key;
     TKDXBaseItem* item;
+    int place = 0;
   };
   static constexpr std::size_t BlockSize = 512;
   /// Between neighbours that came one after the other.
@@ -152,12 +157,12 @@ class TItemList {
   /// How many members have a lower rank.
   int CountBelow(std::int64_t aRank) const;
 
-  /// Puts the item before the member at an index. Its rank is next to that of the member before or behind,
-  /// so that there is room for others at the same place.
-  void Insert(TKDXBaseItem& aItem, int aIndex, bool aByNext);
+  /// Puts the item before the member at an index. Its rank is next to that of the member before it
+  /// (`aLeaning` above 0) or behind it (below 0), where many find room one after the other, or in the middle.
+  void Insert(TKDXBaseItem& aItem, int aIndex, int aLeaning);
   /// Is a rank left for an item before that index?
   bool HasRoom(int aIndex) const;
-  std::int64_t RankFor(int aIndex, bool aByNext) const;
+  std::int64_t RankFor(int aIndex, int aLeaning) const;
   void Split(std::size_t aBlock);
   /// Brings the starts up to date, from that block on.
   void Restart(std::size_t aBlock);
@@ -188,19 +193,18 @@ class TItemList {
   }
   void NoteOrder();
 
-  /// Where the item belongs, from an index on: behind those of a lower key, and of the same key and a lower
-  /// rank.
+  /// Where the item belongs: behind those of a lower key, and of the same key and a lower rank.
   template <class TKeyOf>
-  int PlaceFor(const TKeyed& aItem, int aFrom, TKeyOf aKeyOf) const {
-    int to = fCount;
-    while (aFrom < to) {
-      const int middle = aFrom + (to - aFrom) / 2;
+  int PlaceFor(const TKeyed& aItem, TKeyOf aKeyOf) const {
+    int from = 0, to = fCount;
+    while (from < to) {
+      const int middle = from + (to - from) / 2;
       const TKDXBaseItem& other = *(*this)[middle];
       const int key = aKeyOf(other);
       const bool below = key < aItem.key || (key == aItem.key && RankOf(other) < RankOf(*aItem.item));
-      below ? aFrom = middle + 1 : to = middle;
+      below ? from = middle + 1 : to = middle;
     }
-    return aFrom;
+    return from;
   }
 
   std::vector<TBlock> fBlocks;  ///< none is empty

@@ -137,5 +137,24 @@ TEST(ItemList, AFormerOrderIsNotTakenForThePresentOne) {
   EXPECT_EQ(doc.LayerIdx(doc.fItems.First()->fLayer), 0);
 }
 
+TEST(ItemList, RanksAreGivenAnewWhereNoneIsLeft) {
+  TBareLabel doc;
+  doc.fOptions.Remove(loUniqueID);
+  constexpr int layers = 80;
+  for (int i = 0; i < layers; ++i) doc.AddLayer();
+  doc.SetLayerZOrder(true);
+  doc.NewLine(0, 0, 100, 100);
+  doc.NewLine(0, 0, 100, 100)->SetLayer(doc.GetLayer(layers));
+  // Each comes between the one before and the last.
+  for (int i = 2; i < layers; ++i) {
+    TKDXBaseItem* item = doc.NewLine(0, 0, 100, 100);
+    item->SetID("same");
+    item->SetLayer(doc.GetLayer(i));
+    ASSERT_EQ(doc.fItems.IndexOf(item), i - 1);
+    ASSERT_EQ(doc.SearchItem("same", false), doc.GetItem(2));
+  }
+  for (int i = 1; i <= layers; ++i) EXPECT_EQ(doc.LayerIdx(doc.GetItem(i)->fLayer), i - 1);
+}
+
 }  // namespace
 }  // namespace Zor
