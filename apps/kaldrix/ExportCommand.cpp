@@ -59,7 +59,9 @@ int ExportCommand::Run() const {
     AddPictures(pictures, document);
     fOutput.RequireOther(fInput, std::move(pictures));
   }
-  fOutput.Write(document, fOptions);
+  TExportOptions options = fOptions;
+  options.leaveOutInvalid = true;
+  fOutput.Write(document, options);
   if (fOutput.Format().picture) TellCodes(document, fInput);
   return 0;
 }

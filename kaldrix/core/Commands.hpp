@@ -37,13 +37,13 @@ class TKDXCmd {
   }
   /// From now on the command is about this item.
   void TakeReceiver(const TKDXBaseItem& aItem);
-  /// Is the top of the active stack a command of this kind and index about this item? Then its older value
-  /// stands.
+  /// Is the top of the active stack a command of this kind and index (fIndex) about this item? Then its older
+  /// value stands.
   static bool CheckLastProp(int aKind, const TKDXBaseItem& aReceiver, int aIndex);
 
   TKDXBaseLabel* const fDocument;
   const int fKind;
-  const int fIndex;     ///< which property of that kind, or which point
+  const int fIndex;     ///< the number of the property in the table of that kind, or the point, 1-based
   const int fUndRedID;  ///< group number
   int fID;              ///< identity of the item
 
@@ -206,6 +206,7 @@ class TKDXBasePosCmd final : public TKDXCmd {
 class TKDXElePosCmd final : public TKDXCmd {
  public:
   static constexpr int Kind = 9;
+  /// `aIndex` only tells commands apart: 0 for all that move the item.
   static void AddCommand(TKDXBaseItem& aItem, int aIndex);
   void RestoreState() override;
   void FetchState() const override;

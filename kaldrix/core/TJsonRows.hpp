@@ -14,7 +14,7 @@ class TJsonRows {
  public:
   virtual ~TJsonRows() = default;
   virtual int Count() const = 0;
-  /// None where the element is no object. Valid until the next call.
+  /// 0-based. None where the element is no object. Valid until the next call.
   virtual const TJsonObject* Row(int aIndex) = 0;
 };
 

@@ -86,14 +86,15 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   void SetBase(int aIndex, Int64 x, Int64 y);
   void SetBaseX(int aIndex, Int64 x);
   void SetBaseY(int aIndex, Int64 y);
-  /// Copies `aHigh` + 1 points over the first of the item's, then updates the bounds.
+  /// Copies the points 0 to `aHigh` of the list over the first of the item's, then updates the bounds.
   void AssignPoints(const TZORPtoA& aPoints, int aHigh);
-  /// Only polylines, polygons and Beziers lose a point; the bounds are left to the caller.
+  /// 1-based. Only polylines, polygons and Beziers lose a point; the bounds are left to the caller.
   bool DeletePoint(int aIndex);
 
   // Movement --------------------------------------------------
 
-  /// A coordinate that is negative or beyond the label turns into -1.
+  /// A coordinate that is negative or beyond the label turns into -1. The point counts from 1; all are
+  /// treated alike.
   void BasePointMove(Int64& ax, Int64& ay, int aIndex) const;
   /// Sets fmx, fmy to the way to the next grid line right or left, and down or up; the caller applies them.
   void MoveToGrid(int aGX, int aGY, bool aRight, bool aDown);
@@ -107,6 +108,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   // Reference points and alignment --------------------------------------------------
 
   int GetNumRefPoints() const;
+  /// 1-based, up to GetNumRefPoints.
   virtual TZORPto GetRefPoint(int aIndex) const;
   /// The axes on which the item takes part in spacing and alignment.
   TZORAlignTypes AlignTypes() const;
@@ -128,6 +130,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   void DrawElement(TKDXBaseDraw& drw);
   void DrawPreview(TKDXBaseDraw& drw);
   void PrintElement(TKDXBaseDraw& drw);
+  /// The cell of a preview copy; both count from 1.
   void PreviewPos(int aColumn, int aRowOnSheet);
 
   // Reports to the document --------------------------------------------------
@@ -147,6 +150,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
 
   // Operations of the classes --------------------------------------------------
 
+  /// Document units; 1-based. 0 where a class has no such points.
   virtual Single GetRefX(int aIndex) const;
   virtual Single GetRefY(int aIndex) const;
   /// Is the position on the item? `gap` is a tolerance in base points; `aInt` asks for the inside as well.
@@ -225,7 +229,7 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   TAlphaColor fColor = ColorBlack;
   TZOLayerOpts fOptions{lopVisible, lopPrint, lopSelectable, lopExport};
   int fPenWidth = 100;              ///< base points
-  std::int16_t aRow = 0, aCol = 0;  ///< place of a preview copy on the sheet
+  std::int16_t aRow = 0, aCol = 0;  ///< place of a preview copy on the sheet, 1-based; 0 off a sheet
   TZORItemType fItemType;
   TZORAngle fAngle = ag0;
   TZORItemState fState = isNormal;

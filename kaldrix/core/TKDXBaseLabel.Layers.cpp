@@ -87,6 +87,7 @@ void TKDXBaseLabel::TellOfLayersFrom(int aIndex) {
 
 template <class TTest>
 void TKDXBaseLabel::MoveToLayer(TKDXLayer& aLayer, TTest aLeaves) {
+  fItems.ForgetOrder();
   for (TKDXBaseItem* copy : fPreview) {
     if (aLeaves(copy->fLayer)) copy->fLayer = &aLayer;
   }

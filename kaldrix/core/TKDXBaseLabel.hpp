@@ -142,10 +142,12 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
 
   // Items --------------------------------------------------
 
+  /// 1-based in fItems, the lowest first; none out of range.
   TKDXBaseItem* GetItem(int aIndex) const;
   int GetItemsCount() const { return fItems.Count(); }
+  /// By identity (fInID); none when there is no such item. With `aScrollToView` it becomes the selection.
   TKDXBaseItem* SearchItem(int aID, bool aScrollToView);
-  /// Names are compared without case.
+  /// By name, compared without case.
   TKDXBaseItem* SearchItem(const std::string& aID, bool aScrollToView);
   TKDXBaseItem* ElementByID(const std::string& aID, bool aSelect);
   // Raise EArgumentException for what belongs to another document.
@@ -179,16 +181,21 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
 
   // Layers --------------------------------------------------
 
-  /// The first layer out of range.
+  // Indexes count from 1 where nothing else is said. Where a layer is given by its index, one out of range is
+  // the first; without any layer EInvalidOperation is raised.
+
+  /// 1-based; the first layer out of range.
   TKDXLayer& GetLayer(int aIndex) const;
   TKDXLayer& AddLayer();
   /// 0-based; -1 when it is not of this document.
   int LayerIdx(const TKDXLayer* aLayer) const;
-  /// 0-based, as files store it; the first layer out of range.
+  /// 0-based, as files store it and as fActiveLayer is; the first layer out of range.
   TKDXLayer* LayerAt(int aIndex) const;
+  /// 1-based. False for the first layer, which keeps its place, and out of range.
   bool ExchangeLayers(int aIdx1, int aIdx2);
+  /// 1-based, unlike fActiveLayer, which it sets to aIdx - 1. False when nothing changes, and out of range.
   bool SetActiveLayer(int aIdx);
-  /// Layer 1 cannot be deleted; items of another go to layer 1.
+  /// 1-based. Layer 1 cannot be deleted; items of another, and their preview copies, go to layer 1.
   bool DeleteLayer(int aIdx);
   std::vector<std::string> GetLayersNames() const;
   void SortItemsZLayer();
@@ -205,12 +212,15 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
 
   // Dimension styles --------------------------------------------------
 
+  /// 1-based; none out of range.
   TKDXDimStyle* GetDimStyle(int aIndex) const;
+  /// By the identity that files and dimensions keep (fID), which is no index; none when there is none.
   TKDXDimStyle* GetDimStyleById(int aId) const;
   /// 0-based; -1 when it is not of this document.
   int DimIdx(const TKDXDimStyle* aStyle) const;
-  /// 0-based.
+  /// 0-based, unlike SetActiveLayer. False when nothing changes, and out of range.
   bool SetActiveDimStyle(int aIdx);
+  /// By name, compared without case.
   bool SetActiveDimStyle(const std::string& aName);
   bool DeleteActiveDimStyle();
   std::vector<std::string> GetDimStylesNames() const;
@@ -237,10 +247,12 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   void ClearSelection(bool aNotify);
   /// The first selected item, or none.
   TKDXBaseItem* Select() const { return fSelection.empty() ? nullptr : fSelection.front(); }
+  /// 1-based, in order of selecting; none out of range.
   TKDXBaseItem* GetSelection(int aIndex) const;
   bool Selected(const TKDXBaseItem& aItem) const {
     return aItem.fState == isSelected && &aItem.Document() == this;
   }
+  /// By identity (fInID).
   bool IsInSelection(int aInID) const;
   bool SelectNext();
   bool SelectPrior();
@@ -311,9 +323,11 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   bool CounterName(std::string_view coName, const TKDXCounter* aCounter) const;
   /// The text of the current number; empty when there is no such counter.
   std::string CounterValue(std::string_view aName) const;
+  /// 1-based; none out of range.
   TKDXCounter* GetCounter(int aIndex) const;
   int GetCounterCount() const { return fCounters.Count(); }
-  /// Unbinds the items that show the counter, and frees it.
+  /// Unbinds the items that show the counter, and frees it. False, and nothing happens, when it is not of
+  /// this document.
   bool RemoveCounter(TKDXCounter* aCounter);
   /// Takes the binding from the items that are bound by that kind to a name which `aMatches` accepts. Not
   /// recorded.
@@ -330,20 +344,23 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   bool SetLabelRange(int aFirst, int aLast) { return SetLabels({aFirst, aLast}); }
   /// The same for any labels; what lies behind the last one is passed over.
   bool SetLabels(const TLabelRanges& aLabels);
-  /// The number of the label in the first cell of a page, 1-based, held inside 32 bits.
+  /// The number of the label in the first cell of a page, both 1-based, held inside 32 bits.
   int FirstLabelOfPage(int aPage) const;
-  /// How many labels of the print stand on that page and those after it; 0 or less when there are none.
+  /// How many labels of the print stand on that page, 1-based, and those after it; 0 or less when there are
+  /// none.
   Int64 LabelsFromPage(int aPage) const;
   /// One label further, in records and counters alike.
   void NextData();
-  /// Fills the preview copies of a page from the current label on, and notes what stands in its cells.
+  /// Fills the preview copies of a page, 1-based, from the current label on, and notes what stands in its
+  /// cells.
   /// Nothing when the page was filled last. Raises EInvalidOperation for more than MostPageLabels labels.
   void FillDataPage(int aPage);
   /// What the cells of the page that was filled last show, in order.
   const std::vector<TZOPageLabel>& GetPageLabels() const { return fPageLabels; }
   /// Back to the first value, while counters run. See TKDXData::First.
   void ResetCounters();
-  /// A copy of an item for a cell of the sheet, which joins fPreview. Not recorded.
+  /// A copy of an item for a cell of the sheet, which joins fPreview. Not recorded. Rows and columns count
+  /// from 1; a copy at 0, 0 stands on no sheet.
   TKDXBaseItem& MakePreviewCopy(const TKDXBaseItem& aItem, int aRow, int aCol);
   void ClearPreview();
   static constexpr int MostPageLabels = 100'000;
@@ -438,6 +455,7 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   virtual TKDXBaseItem* NewText(Int64 x, Int64 y) = 0;
   virtual TKDXBaseItem* NewPoint(Int64 x, Int64 y) = 0;
   virtual TKDXBaseItem* NewLine(Int64 x1, Int64 y1, Int64 x2, Int64 y2) = 0;
+  /// Of the first high + 1 points; so are the other two that take points.
   virtual TKDXBaseItem* NewPolyLine(const TZORPtoA& pts, int high) = 0;
   virtual TKDXBaseItem* NewBezier(const TZORPtoA& pts, int high) = 0;
   virtual TKDXBaseItem* NewArc(Int64 x1, Int64 y1, Int64 x2, Int64 y2, Int64 x3, Int64 y3) = 0;
@@ -456,7 +474,8 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   virtual TKDXBaseItem* NewPDF417(Int64 x, Int64 y, const std::string& code) = 0;
   virtual TKDXBaseItem* NewDataMatrix(Int64 x, Int64 y, const std::string& code) = 0;
   virtual TKDXBaseItem* NewQRCode(Int64 x, Int64 y, const std::string& code) = 0;
-  /// A link between the link positions of two nodes, which are told by their identities.
+  /// A link between the link positions of two nodes, which are told by their identities (fInID). Positions
+  /// count from 1, as IZORLink::LinkPoint does; 0 is the middle of a node.
   virtual TKDXBaseItem* NewLink(int fromID, int toID, int fromPos, int toPos, TZOLinkType aType) = 0;
   /// The same with the first high + 1 points as the inner points of its route; for ltPolyline.
   virtual TKDXBaseItem* NewPolyLink(int fromID, int toID, int fromPos, int toPos, TZOLinkType aType,
@@ -471,6 +490,7 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   /// Pastes fMemCopy.
   virtual void PasteSelection() = 0;
   virtual void Print() = 0;
+  /// `aPage` counts from 1; 0 is the label alone.
   virtual void ExportDoc(TZORExport aType, const std::string& aFilename, int aPage, Single aScale,
                          int aQuality, bool aCheckData, bool aTransparent, bool aFit) = 0;
   virtual void LoadFromFile(const std::string& aFilename) = 0;

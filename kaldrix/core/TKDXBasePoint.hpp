@@ -12,6 +12,7 @@ class TKDXBasePoint : public TKDXBaseItem, public IZORLink {
 
   // Link ends --------------------------------------------------
 
+  /// Point 1 for every position.
   TZORBase LinkPoint(std::uint16_t aPos) const override;
   int InternalID() const override { return fInID; }
   bool CheckLink(Int64 bx, Int64 by, TZOLink& aLink) const override;

@@ -22,11 +22,11 @@ struct TPrintContent {
   std::uint8_t fOrient = 0;
   // Found and moved by the walk.
   int fPagesToPrint = 0;   ///< 0 until a print has been planned
-  int fLabelsToPrint = 0;  ///< the last label
+  int fLabelsToPrint = 0;  ///< the last label, 1-based
   TLabelRanges fOnly;      ///< the labels of a print that was narrowed; empty for all
-  int fLastPageFill = 0;
-  int fCurrentPage = 0;
-  int fCurrentLabel = 0;
+  int fLastPageFill = 0;   ///< the page that was filled last, 1-based; 0 or less for none
+  int fCurrentPage = 0;    ///< 1-based
+  int fCurrentLabel = 0;   ///< 1-based
   bool fFindDetail = false;
   TZORFillType fFillType = ftNone;
 };
@@ -46,7 +46,7 @@ class TKDXBasePrintInfo final : public TPersistent, public TPrintContent {
   Int64 LabelsOfRun() const { return fOnly.IsEmpty() ? fLabelsToPrint : fOnly.Count(); }
   /// The number of the label that is printed at a place, both 1-based.
   Int64 LabelAt(Int64 aPlace) const { return fOnly.IsEmpty() ? aPlace : fOnly.At(aPlace); }
-  /// The label that is printed after another; behind the last one a number above fLabelsToPrint.
+  /// The label that is printed after another, 1-based; behind the last one a number above fLabelsToPrint.
   Int64 LabelBehind(int aLabel) const;
   /// Do records, do counters drive the walk?
   bool DataRuns() const { return fFillType != ftNone && fFillType != ftCounter; }
@@ -92,14 +92,14 @@ class TKDXBasePrintInfo final : public TPersistent, public TPrintContent {
   int fMaLeft = 15000, fMaTop = 10000, fMaRight = 10000, fMaBottom = 15000;
   TAlphaColor fColor = 0xFFFF0000;
   int fWidth = 21000, fHeight = 29700;
-  int fFirstRow = 1, fFirstCol = 1;
-  int fFirstLab = 1, fLastLab = 0;
-  bool fPadCodes = false;  ///< short barcodes may get zeros in front (see ReadingOf); not stored
+  int fFirstRow = 1, fFirstCol = 1;  ///< 1-based
+  int fFirstLab = 1, fLastLab = 0;   ///< 1-based; 0 for no last one
+  bool fPadCodes = false;            ///< short barcodes may get zeros in front (see ReadingOf); not stored
 
   // The printer.
   static constexpr int NoPrinter = -99;
   std::string fPrinterName;
-  int fPrinterIndex = NoPrinter;
+  int fPrinterIndex = NoPrinter;  ///< as the host counts its printers
 
  protected:
   const char* ClassName() const override { return "TKDXBasePrintInfo"; }

@@ -24,20 +24,21 @@ class TKDXCollection {
   int Count() const { return static_cast<int>(fMembers.size()); }
   auto begin() const { return fMembers.begin(); }
   auto end() const { return fMembers.end(); }
-  /// None out of range.
+  /// 0-based; none out of range.
   TMember* GetItem(int aIndex) const {
     return aIndex >= 0 && aIndex < Count() ? fMembers[static_cast<std::size_t>(aIndex)].get() : nullptr;
   }
-  /// The member of that place takes the values of `aValue`. Nothing out of range.
+  /// The member of that place, 0-based, takes the values of `aValue`. Nothing out of range.
   void SetItem(int aIndex, const TMember& aValue) {
     if (TMember* member = GetItem(aIndex)) member->Assign(aValue);
   }
   TMember& Add() { return Insert(Count()); }
-  /// A new member in front of the one at `aIndex`, which is held inside the list.
+  /// A new member in front of the one at `aIndex`, 0-based, which is held inside the list.
   TMember& Insert(int aIndex) {
     const int place = aIndex < 0 ? 0 : aIndex > Count() ? Count() : aIndex;
     return **fMembers.insert(fMembers.begin() + place, std::make_shared<TMember>(*this));
   }
+  /// 0-based; nothing out of range.
   void Delete(int aIndex) {
     if (GetItem(aIndex) != nullptr) fMembers.erase(fMembers.begin() + aIndex);
   }

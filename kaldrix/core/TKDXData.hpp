@@ -204,8 +204,10 @@ class TKDXData final : public TPersistent, public TDataContent {
   bool AddAskVal(const std::string& aName);
   int GetNumListVal() const { return fListVal.Count(); }
   int GetNumQuestions() const { return fListAsk.Count(); }
+  /// 1-based; none out of range.
   TZOValList* GetListVal(int aIndex) const;
   TZOValList* GetListVal(std::string_view aName) const;
+  /// 1-based; none out of range.
   TZOAskField* GetAskField(int aIndex) const;
   TZOAskField* GetAskField(std::string_view aName) const;
   bool NameListExists(std::string_view aName) const;

@@ -42,7 +42,7 @@ class TLabelRanges {
   Int64 Count() const;
   /// The label at a place, from 1; behind the end the numbers go on. There must be one.
   Int64 At(Int64 aPlace) const;
-  /// The first one behind a label; 0 when there is none.
+  /// The first one behind a label, 1-based; 0 when there is none.
   int Behind(int aLabel) const;
 
   bool Has(int aLabel) const { return aLabel > 0 && Behind(aLabel - 1) == aLabel; }

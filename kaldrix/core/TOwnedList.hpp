@@ -52,7 +52,7 @@ class TOwnedList {
     Extract(aMember);
     delete aMember;
   }
-  /// Frees the members from index `aFrom` on, last to first.
+  /// Frees the members from index `aFrom` on, 0-based, last to first.
   void Truncate(int aFrom) {
     while (Count() > aFrom) {
       T* member = fMembers.back();
@@ -62,6 +62,7 @@ class TOwnedList {
   }
   void Clear() { Truncate(0); }
 
+  // 0-based.
   void Move(int aFrom, int aTo) {
     T* member = fMembers[static_cast<std::size_t>(aFrom)];
     fMembers.erase(fMembers.begin() + aFrom);

@@ -18,7 +18,7 @@ class TUndoStack {
   bool IsEmpty() const { return fCommands.empty(); }
   int Count() const { return static_cast<int>(fCommands.size()); }
   TKDXCmd* Top() const { return fCommands.empty() ? nullptr : fCommands.back().get(); }
-  /// The command so many below the top, or none.
+  /// The command so many below the top, which is 0; or none.
   TKDXCmd* AtDepth(int aDepth) const {
     return Count() > aDepth ? fCommands[fCommands.size() - 1 - static_cast<std::size_t>(aDepth)].get()
                             : nullptr;

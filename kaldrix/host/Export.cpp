@@ -21,6 +21,20 @@ void CheckDpi(const TExportOptions& aOptions) {
   throw EArgumentOutOfRangeException("The resolution must be between 1 and 9600 dots per inch");
 }
 
+/// Raises for the first barcode that would leave a gap in the picture.
+void CheckCodes(const TExportPlan& aPlan, const TExportOptions& aOptions) {
+  if (aOptions.leaveOutInvalid) return;
+  for (const TLabelCell& cell : aPlan.cells) {
+    aPlan.ForItems(cell, [](const TKDXBaseItem& item) {
+      const auto* code = dynamic_cast<const TKDXBaseBarcode*>(&item);
+      if (code == nullptr || code->fIsValid || (code->aIsData && !code->GetIsData())) return;
+      const std::string problem = code->ValueProblem();
+      throw Exception(code->fID + ": " + (problem.empty() ? "the code cannot be shown" : problem));
+    });
+    if (!aPlan.Varies()) return;
+  }
+}
+
 // SVG ---------------------------------------------------------------------------------
 
 constexpr std::string_view ClipName = "kaldrix-label";
@@ -138,17 +152,21 @@ TPdfInfo PdfInfo(const TKDXLabel& aDocument) {
 
 std::string ExportSvg(TKDXLabel& aDocument, const TExportOptions& aOptions) {
   const TExportPlan plan(aDocument, aOptions);
+  CheckCodes(plan, aOptions);
   if (plan.IsSheet()) return PlanSvg(aDocument, plan, aOptions);
   return aDocument.SVG(aOptions.Writing(), plan.Window());
 }
 
 std::string ExportPng(TKDXLabel& aDocument, const TExportOptions& aOptions) {
   CheckDpi(aOptions);
-  return PlanPng(aDocument, TExportPlan(aDocument, aOptions), aOptions);
+  const TExportPlan plan(aDocument, aOptions);
+  CheckCodes(plan, aOptions);
+  return PlanPng(aDocument, plan, aOptions);
 }
 
 std::string ExportPdf(TKDXLabel& aDocument, const TExportOptions& aOptions) {
   const TExportPlan plan(aDocument, aOptions);
+  CheckCodes(plan, aOptions);
   TSurface surface = TSurface::MakePdf(aDocument.Fonts(), plan.width, plan.height, PdfInfo(aDocument));
   TBackground background(aDocument, aOptions.print);
   PaintPlan(surface, aDocument, plan, background);

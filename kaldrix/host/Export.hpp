@@ -21,6 +21,9 @@ struct TExportOptions {
   bool print = false;
   /// A PNG without white paper behind the drawing.
   bool transparent = false;
+  /// Barcodes whose text their kind cannot hold are left out, as an editor shows them, instead of raising;
+  /// LiteralCodeProblems tells which.
+  bool leaveOutInvalid = false;
   // Of an SVG: how its numbers are written, and whether elements carry the names of their items. On a sheet
   // only those of the first label do.
   TZORExportSVG svgMode = svCurrentUnit;
@@ -33,7 +36,9 @@ struct TExportOptions {
 
 // Each gives the bytes of the file. Items are taken when they and their layer are visible and exported, in
 // z-order. What cannot be exported raises an Exception: a label without a size, nothing to fit to, a
-// resolution out of range, a picture above MaxPixels, an image that cannot be read.
+// resolution out of range, a picture above MaxPixels, an image that cannot be read, a barcode whose text its
+// kind cannot hold. Without data open, barcodes that are bound to data show what they were drawn with, or
+// nothing.
 std::string ExportSvg(TKDXLabel& aDocument, const TExportOptions& aOptions);
 std::string ExportPng(TKDXLabel& aDocument, const TExportOptions& aOptions);
 std::string ExportPdf(TKDXLabel& aDocument, const TExportOptions& aOptions);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kaldrix/editor/TLaidFlow.hpp"
 #include "kaldrix/host/ItemPainter.hpp"
 #include "kaldrix/host/TKDXSurfaceDraw.hpp"
 
@@ -52,24 +53,14 @@ class THostItem<TKDXBaseQRCode> final : public TKDXBaseQRCode {
 };
 
 template <>
-class THostItem<TKDXBaseFlow> final : public TKDXBaseFlow {
+class THostItem<TKDXBaseFlow> final : public TLaidFlow {
  public:
-  using TKDXBaseFlow::TKDXBaseFlow;
-  void CalcValues(int /*aType*/) override {
-    fLaidWidth = BaseWidth();
-    fLaidHeight = BaseHeight();
-    Measure(FontsOf(*this), *this);
-  }
-  /// A box of another size has other lines.
-  void UpdateBounds() override {
-    TKDXBaseFlow::UpdateBounds();
-    if (!fText.empty() && (BaseWidth() != fLaidWidth || BaseHeight() != fLaidHeight)) StateCalc();
-  }
+  using TLaidFlow::TLaidFlow;
   void DrawItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
   void PrintItem(TKDXBaseDraw& drw) override { Paint(Surface(drw), *this); }
 
- private:
-  Int64 fLaidWidth = 0, fLaidHeight = 0;
+ protected:
+  void LayOut() override { Measure(FontsOf(*this), *this); }
 };
 
 }  // namespace Zor::inline Host

@@ -43,7 +43,7 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
 
   void SetFromID(int aID);
   void SetToID(int aID);
-  /// Negative positions become 0.
+  /// Link positions, 1-based; 0, and what is negative becomes 0, is the middle of the node.
   void SetFromIndex(int aIndex);
   void SetToIndex(int aIndex);
   /// Takes p1 and p2 from the nodes, and brings routes up to date when a node moved; false when a node is
@@ -60,9 +60,9 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
   /// Millimetres of paper; 0 out of range.
   Single GetLinkPointMMX(int aIndex) const { return FromBase(GetLinkPoint(aIndex).bX); }
   Single GetLinkPointMMY(int aIndex) const { return FromBase(GetLinkPoint(aIndex).bY); }
-  /// Document units; false out of range and when nothing changes.
+  /// 1-based, document units; false out of range and when nothing changes.
   bool SetLinkPoint(int aIndex, Single x, Single y);
-  /// Base points; false out of range. What follows from the point is made anew.
+  /// 1-based, base points; false out of range. What follows from the point is made anew.
   bool MoveBasePoint(int aIndex, Int64 dx, Int64 dy);
   bool SetBasePoint(int aIndex, Int64 x, Int64 y, bool aUpdate) override;
   TZORBase RoutePoint(int aIndex) const override;
@@ -118,7 +118,7 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
 
   TZOLinkType fLinkType = ltDirLine;
   int fFromID = 0, fToID = 0;                 ///< identities of the nodes
-  std::int16_t fFromIndex = 0, fToIndex = 0;  ///< link positions on them
+  std::int16_t fFromIndex = 0, fToIndex = 0;  ///< link positions on them, 1-based
   TZORTermType fFromType = ttNone, fToType = ttNone;
   TAlphaColor fFromColor, fToColor;                                 ///< fill of the terminators
   mutable const IZORLink *fFromItem = nullptr, *fToItem = nullptr;  ///< valid after TakeEnds only

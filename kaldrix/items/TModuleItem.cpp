@@ -9,6 +9,8 @@
 #include "kaldrix/core/TKDXBaseLabel.hpp"
 #include "kaldrix/items/TextPlacement.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/Utf8.hpp"
+#include "kaldrix/utils/ShownCode.hpp"
 #include "kaldrix/utils/TExSVG.hpp"
 
 namespace Zor::inline Barcode {
@@ -16,6 +18,26 @@ namespace Zor::inline Barcode {
 // Text ----------------------------------------------------------------------------------
 
 void TModuleItem::SetCode(const std::string& aValue) { Encoded(fCode, Taken(aValue)); }
+
+namespace {
+
+const char* SymbologyOf(TZORItemType aType) {
+  if (aType == itQRCode) return "QR Code";
+  return aType == itDataMatrix ? "Data Matrix" : "PDF417";
+}
+
+}  // namespace
+
+void TModuleItem::EncodeText() {
+  try {
+    Encode();
+  } catch (const EConvertError&) {
+    throw;  // It tells the escape.
+  } catch (const Exception& error) {
+    throw Exception(ShownText(fCode) + " of " + std::to_string(Utf8::Count(fCode)) +
+                    " characters does not fit into a " + SymbologyOf(fItemType) + " symbol: " + error.what());
+  }
+}
 
 void TModuleItem::FillData(bool /*aFirst*/) {
   if (HasValue(*fOwner)) SetCode(Value(*fOwner));
@@ -117,7 +139,7 @@ void TModuleItem::ReadJsonCode(TJsonObject& aJson) {
 void TModuleItem::AfterRead(TZORReadType aReadType) {
   TBarItem::AfterRead(aReadType);
   fCode = Taken(fCode);
-  Encode();
+  EncodeText();
 }
 
 // Drawing -------------------------------------------------------------------------------

@@ -24,7 +24,8 @@ class TModuleItem : public TBarItem, public IZORAlign {
 
   /// UTF-8.
   const std::string& GetCode() const { return fCode; }
-  /// Not recorded.
+  /// Not recorded. For a text that does not fit an Exception tells the text, the symbology and what the
+  /// encoder said.
   void SetCode(const std::string& aValue);
 
   // Look ------------------------------------------------------------------------
@@ -69,6 +70,8 @@ class TModuleItem : public TBarItem, public IZORAlign {
   /// Stores a value that the symbol depends on and encodes; the old one comes back if that fails.
   template <class T>
   void Encoded(T& aField, T aValue);
+  /// Encode, where what its encoder raises goes on with the text and the symbology that it is about.
+  void EncodeText();
   /// Takes the size of a symbol of so many modules.
   void TakeSize(int aCols, int aRows);
 
@@ -88,7 +91,7 @@ void TModuleItem::Encoded(T& aField, T aValue) {
   const TEdit edit(*this);
   std::swap(aField, aValue);
   try {
-    Encode();
+    EncodeText();
   } catch (...) {
     std::swap(aField, aValue);
     throw;

@@ -145,7 +145,8 @@ class IZORCenter {
 /// An item that links can be attached to.
 class IZORLink {
   ZOR_INTERFACE(IZORLink)
-  /// The attachment point of position `aPos`, base points.
+  /// The attachment point of position `aPos`, base points. Positions count from 1; the item's middle for one
+  /// that it does not have, 0 among them.
   virtual TZORBase LinkPoint(std::uint16_t aPos) const = 0;
   /// The identity that links store.
   virtual int InternalID() const = 0;
@@ -166,7 +167,7 @@ class IZORSLink {
   virtual void SetToType(TZORTermType aValue) = 0;
   /// 1-based, base points; (0, 0) out of range.
   virtual TZORBase RoutePoint(int aIndex) const = 0;
-  /// Base points; with `aUpdate` what follows from the point is made anew. False out of range.
+  /// 1-based, base points; with `aUpdate` what follows from the point is made anew. False out of range.
   virtual bool SetBasePoint(int aIndex, Int64 x, Int64 y, bool aUpdate) = 0;
 };
 

@@ -110,6 +110,28 @@ TEST(BarcodePaintDetails, TheFontMeasuresTheHeight) {
   EXPECT_EQ(item.fBoundsRect.GetHeight(), 10000 + item.fAscent + item.fDescent);
 }
 
+TEST(HostBarcodes, ExportsRaiseForACodeThatTheyWouldLeaveOut) {
+  TKDXLabel doc;
+  doc.NewBarcode(1000, 1000, "40063813X", btEAN13);
+  TExportOptions options;
+  for (const auto& make : {&ExportSvg, &ExportPng, &ExportPdf}) {
+    for (const int page : {0, 1}) {
+      options.page = page;
+      try {
+        make(doc, options);
+        ADD_FAILURE() << "exported";
+      } catch (const Exception& error) {
+        EXPECT_EQ(std::string(error.what()).find("Barcode001: '40063813X' is no code of EAN-13"), 0U)
+            << error.what();
+      }
+    }
+  }
+  options.leaveOutInvalid = true;
+  EXPECT_NE(ExportSvg(doc, options), "");
+  doc.GetItem(1)->SetOptions({lopVisible, lopPrint});
+  EXPECT_NE(ExportSvg(doc, {}), "") << "what is not exported is not missed";
+}
+
 TEST(HostBarcodes, KeepWhatAUserWrote) {
   TKDXLabel doc;
   EXPECT_EQ(doc.NewQRCode(0, 0, "caf\u00E9 \u20AC")->GetCode(), "caf\u00E9 \u20AC");

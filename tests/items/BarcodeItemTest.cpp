@@ -350,7 +350,16 @@ TEST(ModuleItems, ATextThatDoesNotFitIsRefusedAndTheSymbolStays) {
            doc.NewQRCode(0, 0, "QR"), doc.NewDataMatrix(0, 0, "DM"), doc.NewPDF417(0, 0, "PDF")}) {
     const std::string code = item->GetCode(), svg = Joined(Svg(*item));
     const TZORRect bounds = item->fBoundsRect;
-    EXPECT_THROW(item->SetCode(longText), Exception);
+    try {
+      item->SetCode(longText);
+      ADD_FAILURE() << "taken";
+    } catch (const Exception& error) {
+      // The text, where it does not fit, and what the encoder said.
+      const std::string told = error.what();
+      EXPECT_NE(told.find(" characters does not fit into a "), std::string::npos) << told;
+      EXPECT_TRUE(told.starts_with("'") && told.ends_with(" Error")) << told;
+      EXPECT_LT(told.size(), 200U);
+    }
     EXPECT_EQ(item->GetCode(), code);
     EXPECT_EQ(Joined(Svg(*item)), svg);
     EXPECT_EQ(item->fBoundsRect, bounds);
