@@ -49,6 +49,12 @@ function(kaldrix_precompile target)
   endif()
 endfunction()
 
+# What the two libraries are linked with, by the names of pkg-config. Their headers stay inside the sources.
+set(KALDRIX_CORE_PACKAGES zlib libpcre2-8)
+set(KALDRIX_PAINT_PACKAGES pangocairo pangoft2 harfbuzz harfbuzz-subset freetype2 fontconfig zlib cairo libpng
+  gdk-pixbuf-2.0)
+set(KALDRIX_DATA_PACKAGES sqlite3)
+
 # The folders of the library, in the order in which they may know each other: a folder includes
 # only what stands before it.
 set(KALDRIX_FOLDERS types platform json messages utils codes core items editor diagrams)
@@ -59,6 +65,22 @@ function(kaldrix_folder name)
   target_link_libraries(kaldrix_${name} PUBLIC kaldrix_flags PRIVATE kaldrix_warnings)
   set_target_properties(kaldrix_${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
   kaldrix_precompile(kaldrix_${name})
+endfunction()
+
+# kaldrix_library(NAME): a library that is installed, static or with BUILD_SHARED_LIBS shared. All symbols are
+# visible, so that exceptions and dynamic_cast work on both sides; releases of one minor version fit each other.
+function(kaldrix_library name)
+  add_library(${name})
+  add_library(Kaldrix::${name} ALIAS ${name})
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:kaldrix_flags>)
+  set_target_properties(${name} PROPERTIES
+    LINKER_LANGUAGE CXX
+    POSITION_INDEPENDENT_CODE ON
+    DEFINE_SYMBOL ""
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+    INSTALL_RPATH $ORIGIN)
 endfunction()
 
 # What g++ 12 reports wrongly where programs join strings and free JSON trees in the open.

@@ -16,6 +16,7 @@
 #include "apps/kaldrix/OptionValues.hpp"
 #include "apps/kaldrix/PrintCommand.hpp"
 #include "apps/kaldrix/Streams.hpp"
+#include "kaldrix/Version.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/ShownName.hpp"
 #include "kaldrix/platform/StandardStreams.hpp"
