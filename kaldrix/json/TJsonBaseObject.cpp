@@ -45,7 +45,7 @@ const TJsonArray* TJsonBaseObject::AsArray() const noexcept {
 
 TJsonDataValue& TJsonBaseObject::GetItem(int aIndex) {
   CheckIndex(aIndex);
-  return fIsObject ? AsObject()->Members()[aIndex].Value : AsArray()->Values()[aIndex];
+  return fIsObject ? AsObject()->MemberAt(aIndex).Value : AsArray()->Values()[aIndex];
 }
 
 const TJsonDataValue& TJsonBaseObject::GetItem(int aIndex) const {

@@ -1,80 +1,12 @@
 #include "kaldrix/json/TJsonObject.hpp"
 
 #include <new>
-#include <vector>
 
 #include "kaldrix/json/TJsonArray.hpp"
 #include "kaldrix/json/TJsonDataValueHelper.hpp"
+#include "kaldrix/json/TJsonIndex.hpp"
 
 namespace Zor::inline Jsondataobjects {
-
-/// Places of the names of a large object, in an open-addressed table at most half full. Of equal names it
-/// holds the first place. The hash is seeded by the table's address, so that a text cannot be made to
-/// collide.
-class TJsonObject::TIndex {
- public:
-  /// Members up to which an object is simply searched.
-  static constexpr std::uint32_t CountWithout = 32;
-
-  explicit TIndex(const TJsonObject& aOwner) : fOwner(aOwner) {
-    Rebuild(std::bit_ceil(std::size_t{aOwner.fCount} * 4));
-  }
-
-  int Find(const TJsonProbe& aProbe) const {
-    for (std::size_t slot = SlotOf(aProbe.Name());; slot = (slot + 1) & Mask()) {
-      const std::uint32_t place = fPlaces[slot];
-      if (place == Empty) return -1;
-      if (aProbe.Matches(fOwner.Members()[place].Name)) return static_cast<int>(place);
-    }
-  }
-
-  /// Enters the member that was added last.
-  void AddLast() {
-    if (std::size_t{fOwner.fCount} * 2 > fPlaces.size()) return Rebuild(fPlaces.size() * 2);
-    Enter(fOwner.fCount - 1);
-  }
-
- private:
-  static constexpr std::uint32_t Empty = UINT32_MAX;
-  __extension__ using TWide = unsigned __int128;
-
-  std::size_t Mask() const { return fPlaces.size() - 1; }
-
-  std::size_t SlotOf(std::string_view aName) const {
-    std::uint64_t hash = fSeed ^ aName.size();
-    while (aName.size() >= sizeof(std::uint64_t)) {
-      hash = Mix(hash, aName.data(), sizeof(std::uint64_t));
-      aName.remove_prefix(sizeof(std::uint64_t));
-    }
-    return static_cast<std::size_t>(Mix(hash, aName.data(), aName.size())) & Mask();
-  }
-
-  static std::uint64_t Mix(std::uint64_t aHash, const char* aBytes, std::size_t aSize) {
-    std::uint64_t word = 0;
-    if (aSize > 0) std::memcpy(&word, aBytes, aSize);
-    const TWide product = TWide{aHash ^ word} * 0x9E3779B97F4A7C15U;
-    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
-  }
-
-  void Enter(std::uint32_t aPlace) {
-    const TJsonProbe probe(fOwner.Members()[aPlace].Name.View());
-    std::size_t slot = SlotOf(probe.Name());
-    while (fPlaces[slot] != Empty) {
-      if (probe.Matches(fOwner.Members()[fPlaces[slot]].Name)) return;
-      slot = (slot + 1) & Mask();
-    }
-    fPlaces[slot] = aPlace;
-  }
-
-  void Rebuild(std::size_t aSize) {
-    fPlaces.assign(aSize, Empty);
-    for (std::uint32_t place = 0; place < fOwner.fCount; ++place) Enter(place);
-  }
-
-  const TJsonObject& fOwner;
-  const std::uint64_t fSeed = reinterpret_cast<std::uintptr_t>(this) * 0xC2B2AE3D27D4EB4FU;
-  std::vector<std::uint32_t> fPlaces;
-};
 
 TJsonObject::TJsonObject() noexcept : TJsonBaseObject(true) {}
 
@@ -84,8 +16,11 @@ TJsonObject::~TJsonObject() {
 }
 
 void TJsonObject::DestroyMembers() noexcept {
+  const std::uint32_t slots = SlotCount();
+  for (std::uint32_t i = 0; i < slots; ++i) {
+    if (!Slots()[i].IsEmpty()) Slots()[i].~TJsonMember();
+  }
   fIndex.reset();
-  for (std::uint32_t i = 0; i < fCount; ++i) Members()[i].~TJsonMember();
   fCount = 0;
 }
 
@@ -106,22 +41,24 @@ TJsonObject* TJsonObject::Adopt(const void* aMembers, std::size_t aCount) {
 
 // Lookups
 
-int TJsonObject::IndexOf(std::string_view aKey) const {
+int TJsonObject::FindSlot(std::string_view aKey) const {
   const TJsonProbe probe(aKey);
-  if (fCount > TIndex::CountWithout) {
-    if (!fIndex) fIndex = std::make_unique<TIndex>(*this);
-    return fIndex->Find(probe);
-  }
-  const TJsonMember* members = Members();
+  if (fIndex || fCount > TJsonIndex::CountWithout) return NeedIndex().Find(probe);
+  const TJsonMember* members = Slots();
   for (std::uint32_t i = 0; i < fCount; ++i) {
     if (probe.Matches(members[i].Name)) return static_cast<int>(i);
   }
   return -1;
 }
 
+int TJsonObject::IndexOf(std::string_view aKey) const {
+  const int slot = FindSlot(aKey);
+  return fIndex && slot >= 0 ? fIndex->PlaceOf(slot) : slot;
+}
+
 const TJsonDataValue* TJsonObject::Find(std::string_view aKey) const {
-  const int place = IndexOf(aKey);
-  return place < 0 ? nullptr : &Members()[place].Value;
+  const int slot = FindSlot(aKey);
+  return slot < 0 ? nullptr : &Slots()[slot].Value;
 }
 
 TJsonDataValue* TJsonObject::Find(std::string_view aKey) {
@@ -132,7 +69,7 @@ TJsonDataType TJsonObject::GetType(std::string_view aKey) const { return Read(aK
 
 std::string_view TJsonObject::GetNameView(int aIndex) const {
   CheckIndex(aIndex);
-  return Members()[aIndex].Name.View();
+  return MemberAt(aIndex).Name.View();
 }
 
 const TJsonDataValue& TJsonObject::Read(std::string_view aKey) const {
@@ -177,8 +114,8 @@ TJsonDataValue& TJsonObject::Slot(std::string_view aKey) {
 
 TJsonDataValue& TJsonObject::Append(std::string_view aKey) {
   TJsonKey key(aKey);
-  if (fCount == fCapacity) Grow(sizeof(TJsonMember));
-  auto* member = new (Members() + fCount) TJsonMember{std::move(key), {}};
+  MakeRoom();
+  auto* member = new (Slots() + SlotCount()) TJsonMember{std::move(key), {}};
   ++fCount;
   if (fIndex) fIndex->AddLast();
   return member->Value;
@@ -212,46 +149,99 @@ TJsonArray& TJsonObject::AddNewArray(std::string_view aKey) {
   return PutArray(aKey, std::make_unique<TJsonArray>());
 }
 
+void TJsonObject::MakeRoom() {
+  if (SlotCount() < fCapacity) return;
+  // Few gaps would soon be filled again.
+  const bool hasMany = fCapacity - fCount > fCapacity / 4;
+  Members();
+  if (!hasMany) Grow(sizeof(TJsonMember));
+}
+
+// Removing
+
 void TJsonObject::Remove(std::string_view aKey) {
-  const int place = IndexOf(aKey);
-  if (place >= 0) Delete(place);
+  const int slot = FindSlot(aKey);
+  if (slot >= 0) RemoveSlot(slot);
 }
 
 void TJsonObject::Delete(int aIndex) {
   CheckIndex(aIndex);
-  fIndex.reset();
-  TJsonMember* at = Members() + aIndex;
+  RemoveSlot(fIndex ? fIndex->SlotAt(aIndex) : aIndex);
+}
+
+void TJsonObject::RemoveSlot(int aSlot) {
+  TJsonMember* at = Slots() + aSlot;
+  if (!fIndex && fCount <= TJsonIndex::CountWithout) {
+    at->~TJsonMember();
+    --fCount;
+    std::memmove(static_cast<void*>(at), at + 1, (fCount - static_cast<std::uint32_t>(aSlot)) * sizeof *at);
+    return;
+  }
+  NeedIndex().Drop(static_cast<std::uint32_t>(aSlot));
   at->~TJsonMember();
+  std::memset(static_cast<void*>(at), 0, sizeof *at);
   --fCount;
-  std::memmove(static_cast<void*>(at), at + 1, (fCount - static_cast<std::uint32_t>(aIndex)) * sizeof *at);
+  if (fCount <= TJsonIndex::CountWithout || SlotCount() > 2 * fCount) CloseUp();
 }
 
 std::unique_ptr<TJsonObject> TJsonObject::ExtractObject(std::string_view aKey) {
-  const int place = IndexOf(aKey);
-  if (place < 0 || Members()[place].Value.AsObject() == nullptr) return nullptr;
-  std::unique_ptr<TJsonObject> object = Members()[place].Value.ExtractObject();
-  Delete(place);
+  const int slot = FindSlot(aKey);
+  if (slot < 0 || Slots()[slot].Value.AsObject() == nullptr) return nullptr;
+  std::unique_ptr<TJsonObject> object = Slots()[slot].Value.ExtractObject();
+  RemoveSlot(slot);
   return object;
 }
 
 std::unique_ptr<TJsonArray> TJsonObject::ExtractArray(std::string_view aKey) {
-  const int place = IndexOf(aKey);
-  if (place < 0 || Members()[place].Value.AsArray() == nullptr) return nullptr;
-  std::unique_ptr<TJsonArray> items = Members()[place].Value.ExtractArray();
-  Delete(place);
+  const int slot = FindSlot(aKey);
+  if (slot < 0 || Slots()[slot].Value.AsArray() == nullptr) return nullptr;
+  std::unique_ptr<TJsonArray> items = Slots()[slot].Value.ExtractArray();
+  RemoveSlot(slot);
   return items;
+}
+
+// Slots
+
+std::uint32_t TJsonObject::SlotCount() const noexcept { return fIndex ? fIndex->Slots() : fCount; }
+
+TJsonIndex& TJsonObject::NeedIndex() const {
+  if (!fIndex) fIndex = std::make_unique<TJsonIndex>(*this);
+  return *fIndex;
+}
+
+TJsonMember* TJsonObject::Members() const noexcept {
+  if (SlotCount() != fCount) const_cast<TJsonObject*>(this)->CloseUp();
+  return Slots();
+}
+
+TJsonMember& TJsonObject::MemberAt(int aIndex) const noexcept {
+  return Slots()[fIndex ? fIndex->SlotAt(aIndex) : aIndex];
+}
+
+void TJsonObject::CloseUp() noexcept {
+  const std::uint32_t slots = SlotCount();
+  fIndex.reset();
+  if (slots == fCount) return;
+  TJsonMember* to = Slots();
+  for (const TJsonMember* from = Slots(); from != Slots() + slots; ++from) {
+    if (from->IsEmpty()) continue;
+    if (to != from) std::memcpy(static_cast<void*>(to), from, sizeof *to);
+    ++to;
+  }
 }
 
 std::unique_ptr<TJsonObject> TJsonObject::Clone() const {
   std::unique_ptr<TJsonObject> copy(Allocate(fCount));
+  const TJsonMember* members = Members();
   for (std::uint32_t i = 0; i < fCount; ++i) {
-    new (copy->Members() + i) TJsonMember{TJsonKey(Members()[i].Name), Members()[i].Value.Clone()};
+    new (copy->Slots() + i) TJsonMember{TJsonKey(members[i].Name), members[i].Value.Clone()};
     ++copy->fCount;
   }
   return copy;
 }
 
 void TJsonObject::Reserve(int aCount) {
+  Members();
   if (aCount > static_cast<int>(fCapacity)) MoveItems(static_cast<std::size_t>(aCount), sizeof(TJsonMember));
 }
 

@@ -10,11 +10,17 @@ namespace Zor::inline Jsondataobjects {
 struct TJsonMember {
   TJsonKey Name;
   TJsonDataValue Value;
+
+  /// Is this the slot of a member that was removed? It then holds zeros, and no name has that word.
+  bool IsEmpty() const noexcept { return Name.Word() == 0; }
 };
+
+class TJsonIndex;
 
 /// Named values in the order of insertion; names are compared with case. A parsed text may hold a name
 /// twice: a lookup finds the first. The getters convert as TJsonDataValue tells and give zero or empty for
-/// a missing name. An object of more than 32 members keeps an index of its names, made by the first lookup.
+/// a missing name. An object of more than 32 members keeps an index of its names, made by the first lookup or
+/// removal; each of these then takes about the same time, however many members there are.
 class TJsonObject final : public TJsonBaseObject {
  public:
   TJsonObject() noexcept;
@@ -94,11 +100,24 @@ class TJsonObject final : public TJsonBaseObject {
 
  private:
   friend class TJsonBaseObject;
+  friend class TJsonIndex;
   friend class TJsonReader;
   friend class TJsonWriter;
-  class TIndex;
 
-  TJsonMember* Members() const noexcept { return static_cast<TJsonMember*>(fItems); }
+  /// Where the members stand, in order; in between may be empty slots, which the index counts.
+  TJsonMember* Slots() const noexcept { return static_cast<TJsonMember*>(fItems); }
+  std::uint32_t SlotCount() const noexcept;
+  /// The members, fCount of them; closes the gaps.
+  TJsonMember* Members() const noexcept;
+  TJsonMember& MemberAt(int aIndex) const noexcept;
+  /// The slot of a name, -1 when it is missing.
+  int FindSlot(std::string_view aKey) const;
+  TJsonIndex& NeedIndex() const;
+  void RemoveSlot(int aSlot);
+  /// Closes the gaps and forgets the index.
+  void CloseUp() noexcept;
+  /// Room for a member behind the others.
+  void MakeRoom();
   /// An empty object with room for `aCount` members in its own block.
   static TJsonObject* Allocate(std::size_t aCount);
   /// An object of the members at `aMembers`, which are moved byte by byte: their place then holds nothing.
@@ -108,7 +127,7 @@ class TJsonObject final : public TJsonBaseObject {
   TJsonDataValue& Append(std::string_view aKey);
   void DestroyMembers() noexcept;
 
-  mutable std::unique_ptr<TIndex> fIndex;  ///< Of more than 32 members, after a lookup.
+  mutable std::unique_ptr<TJsonIndex> fIndex;  ///< Of more than 32 members, after a lookup or removal.
 };
 
 }  // namespace Zor::inline Jsondataobjects

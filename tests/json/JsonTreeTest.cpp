@@ -1,3 +1,9 @@
+#include <algorithm>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 
 namespace {
@@ -116,6 +122,56 @@ std::string Numbered(std::string_view aStem, int aNumber) {
   std::string name(aStem);
   name += std::to_string(aNumber);
   return name;
+}
+
+TEST(JsonTree, AWalkOfRemovalsKeepsOrderAndNames) {
+  std::mt19937 random(1);
+  TJsonObject root;
+  std::vector<std::pair<std::string, int>> plain;
+  const auto any = [&](std::size_t aCount) { return static_cast<int>(random() % aCount); };
+  const auto find = [&](const std::string& aName) {
+    return std::find_if(plain.begin(), plain.end(),
+                        [&](const auto& member) { return member.first == aName; });
+  };
+  for (int step = 0; step < 20000; ++step) {
+    // Names repeat, and the object grows and shrinks beyond the size that has an index.
+    const std::string name = Numbered(step % 2 == 0 ? "n" : "a name of some length ", any(300));
+    const bool grows = step / 1000 % 2 == 0;
+    const int kind = any(grows ? 8 : 16);
+    if (kind < 3) {
+      root.PutInt(name, step);
+      plain.emplace_back(name, step);
+    } else if (kind < 5) {
+      root.SetInt(name, step);
+      if (const auto found = find(name); found != plain.end()) {
+        found->second = step;
+      } else {
+        plain.emplace_back(name, step);
+      }
+    } else if (kind == 5 && !plain.empty()) {
+      const int place = any(plain.size());
+      root.Delete(place);
+      plain.erase(plain.begin() + place);
+    } else {
+      const std::string gone =
+          plain.empty() ? name : plain[static_cast<std::size_t>(any(plain.size()))].first;
+      root.Remove(gone);
+      if (const auto found = find(gone); found != plain.end()) plain.erase(found);
+    }
+    const auto found = find(name);
+    ASSERT_EQ(root.Count(), static_cast<int>(plain.size()));
+    ASSERT_EQ(root.IndexOf(name), found == plain.end() ? -1 : found - plain.begin()) << step;
+    ASSERT_EQ(root.GetInt(name), found == plain.end() ? 0 : found->second) << step;
+    if (plain.empty()) continue;
+    const int place = any(plain.size());
+    const auto& [expected, value] = plain[static_cast<std::size_t>(place)];
+    ASSERT_EQ(root.GetName(place), expected) << step;
+    ASSERT_EQ(root.GetItem(place).GetInt(), value) << step;
+    if (step % 500 != 0) continue;
+    TJsonObject copy;
+    for (const auto& member : plain) copy.PutInt(member.first, member.second);
+    ASSERT_EQ(root.ToJSON(), copy.ToJSON());
+  }
 }
 
 TEST(JsonTree, ManyNamesAreFound) {
