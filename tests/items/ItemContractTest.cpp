@@ -346,6 +346,7 @@ TEST_P(ItemContract, APasteIsShiftedSelectedAndHasAnIdentityOfItsOwn) {
 TEST_P(ItemContract, FarCoordinatesDoNoHarm) {
   // The lines of a text follow its box, and a file holds places that lie nearer.
   With<TKDXBaseFlow>(*fItem, [](auto& a) { a.SetText(""); });
+  fDoc.CalcPending();
   for (const Int64 far : {MaxCoordinate, -MaxCoordinate}) {
     for (int i = 1; i <= fItem->NumPoints(); ++i) fItem->SetBase(i, i % 2 == 0 ? far : -far / 3, far);
     fItem->UpdateBounds();
