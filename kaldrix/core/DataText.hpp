@@ -32,7 +32,7 @@ std::string LostFault(std::string_view aText);
 std::string DigitsFault(const std::string& aNumber);
 
 /// The labels that a run may have.
-constexpr std::int64_t MostLabels = std::numeric_limits<int>::max();
+constexpr std::int64_t MostLabels = (std::numeric_limits<int>::max)();
 /// Empty, or why the value of a field is no whole number of labels; a value that is none is empty.
 std::string RepeatFault(const std::string& aField, const std::string& aValue);
 

@@ -50,7 +50,7 @@ class TItemIndex {
 
   static std::uint64_t NameKey(std::string_view aName);
   auto Repeats(std::uint64_t aKey) {
-    return fRepeats.lower_bound({aKey, std::numeric_limits<std::int64_t>::min()});
+    return fRepeats.lower_bound({aKey, (std::numeric_limits<std::int64_t>::min)()});
   }
   void AddIdentity(TKDXBaseItem& aItem);
   void AddName(TKDXBaseItem& aItem);

@@ -2,10 +2,10 @@
 // does then is told in docs/embedding.md.
 #pragma once
 
-#define TAKEN !
+#define TAKEN @
 // windows.h
-#define min(a, b) !
-#define max(a, b) !
+#define min(a, b) TAKEN
+#define max(a, b) TAKEN
 #define near TAKEN
 #define far TAKEN
 #define pascal TAKEN
