@@ -311,9 +311,9 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   void ReadJsonPoints(TJsonArray& aPoints);
   void UpdateAfterPoint();
 
-  std::int64_t fRank = 0;     ///< in the list of the document, see TItemList
-  bool fListed : 1 = false;   ///< stands in a list of the document
-  bool fPending : 1 = false;  ///< waits in fCalcs
+  int fCalcPlace = -1;       ///< in fCalcs, while it waits there
+  std::int64_t fRank = 0;    ///< in the list of the document, see TItemList
+  bool fListed : 1 = false;  ///< stands in a list of the document
   TNotice fNotice = TNotice::Nothing;
 };
 

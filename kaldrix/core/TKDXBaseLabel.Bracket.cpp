@@ -3,6 +3,7 @@
 
 #include <array>
 #include <exception>
+#include <utility>
 
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/core/TNoticeHold.hpp"
@@ -162,9 +163,14 @@ void TKDXBaseLabel::ChangeState(TKaldrixState aState, TKDXBaseItem* aItem) {
 }
 
 void TKDXBaseLabel::Defer(TKDXBaseItem& aItem) {
-  if (aItem.fPending) return;
-  aItem.fPending = true;
+  if (aItem.fCalcPlace >= 0) return;
   fCalcs.push_back(&aItem);
+  aItem.fCalcPlace = static_cast<int>(fCalcs.size()) - 1;
+}
+
+void TKDXBaseLabel::Undefer(TKDXBaseItem& aItem) {
+  const auto place = static_cast<std::size_t>(std::exchange(aItem.fCalcPlace, -1));
+  if (place < fCalcs.size() && fCalcs[place] == &aItem) fCalcs[place] = nullptr;
 }
 
 void TKDXBaseLabel::CalcPending() {
@@ -172,7 +178,7 @@ void TKDXBaseLabel::CalcPending() {
   const std::vector<TKDXBaseItem*> pending = std::move(fCalcs);
   fCalcs.clear();
   for (TKDXBaseItem* item : pending) {
-    if (item != nullptr) item->fPending = false;
+    if (item != nullptr) item->fCalcPlace = -1;
   }
   std::exception_ptr first;
   for (TKDXBaseItem* item : pending) {

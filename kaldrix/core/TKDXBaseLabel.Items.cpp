@@ -15,6 +15,22 @@
 
 namespace Zor::inline Base {
 
+namespace {
+
+/// Takes an item out of a list that tells it once. Looked for from both ends, since items mostly go in the
+/// order of the list or, when their making is undone, against it.
+void EraseItem(std::vector<TKDXBaseItem*>& aItems, const TKDXBaseItem* aItem) {
+  const auto count = static_cast<std::ptrdiff_t>(aItems.size());
+  for (std::ptrdiff_t first = 0, last = count - 1; first <= last; ++first, --last) {
+    const bool atLast = aItems[static_cast<std::size_t>(last)] == aItem;
+    if (!atLast && aItems[static_cast<std::size_t>(first)] != aItem) continue;
+    aItems.erase(aItems.begin() + (atLast ? last : first));
+    return;
+  }
+}
+
+}  // namespace
+
 // Coming and going --------------------------------------------------
 
 void TKDXBaseLabel::Enlist(TKDXBaseItem& aItem, bool aPreview) {
@@ -33,16 +49,24 @@ void TKDXBaseLabel::Enlist(TKDXBaseItem& aItem, bool aPreview) {
 void TKDXBaseLabel::Forget(TKDXBaseItem& aItem) {
   ++fGoneItems;
   aItem.fListed = false;
-  if (aItem.fPending) std::replace(fCalcs.begin(), fCalcs.end(), &aItem, static_cast<TKDXBaseItem*>(nullptr));
+  Undefer(aItem);
   if (aItem.fFromPreview) return fPreview.Extract(&aItem);
   fNotices.Goes(aItem);
   if (CarriesLinks(aItem.fItemType)) fLinksStale = true;
   if (aItem.fState != isNormal) {
-    std::erase(fSelection, &aItem);
-    std::erase(fLinks, &aItem);
+    Deselect(aItem);
+    if (aItem.fItemType == itLink) EraseItem(fLinks, &aItem);
   }
   fIndex.Remove(aItem);
   fItems.Extract(&aItem);
+}
+
+void TKDXBaseLabel::Deselect(const TKDXBaseItem& aItem) {
+  if (fSelectedAgain) {
+    std::erase(fSelection, &aItem);
+  } else {
+    EraseItem(fSelection, &aItem);
+  }
 }
 
 void TKDXBaseLabel::Unmake(TKDXBaseItem& aItem) {
@@ -62,12 +86,15 @@ void TKDXBaseLabel::FreeAll(TItemList& aList) {
     fNotices.ForgetItems();
     fIndex.Clear();
     for (TKDXBaseItem* item : fCalcs) {
-      if (item != nullptr) item->fPending = false;
+      if (item != nullptr) item->fCalcPlace = -1;
     }
     fCalcs.clear();
     fHasLinks = false;
   }
-  for (TKDXBaseItem* item : aList) item->fListed = false;
+  for (TKDXBaseItem* item : aList) {
+    Undefer(*item);
+    item->fListed = false;
+  }
   aList.Clear();
 }
 
@@ -158,7 +185,7 @@ void TKDXBaseLabel::DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelec
     TKDXBaseItem* link = fLinks[i - 1];
     if (!link->IsAttachedTo(aNode.InternalID())) continue;
     fLinks.erase(fLinks.begin() + static_cast<std::ptrdiff_t>(i - 1));
-    if (aRemoveSelection) std::erase(fSelection, link);
+    if (aRemoveSelection) Deselect(*link);
     Free(*link);
   }
 }
@@ -171,8 +198,8 @@ void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
     if (const auto* node = dynamic_cast<const IZORLink*>(aItem)) DeleteAttachedLinks(*node, aRemoveSelection);
   }
   if (aRemoveSelection && Selected(*aItem)) {
-    std::erase(fSelection, aItem);
-    std::erase(fLinks, aItem);  // A link may be selected by itself as well.
+    Deselect(*aItem);
+    if (aItem->fItemType == itLink) EraseItem(fLinks, aItem);  // It may be selected by itself as well.
     aItem->fState = isNormal;
     ChangeValue(chSelect);
   }
@@ -251,7 +278,7 @@ void TKDXBaseLabel::TakeBack(TKDXBaseItem& aItem) {
   fIndex.BeforeMove(aItem);
   fItems.Adopt(&aItem);
   fIndex.AfterMove(aItem);
-  if (aItem.fPending) fCalcs.push_back(&aItem);
+  Defer(aItem);  // It may have waited for a calculation.
 }
 
 void TKDXBaseLabel::ExtractMany(std::vector<TKDXBaseItem*>& aItems) {
@@ -262,9 +289,8 @@ void TKDXBaseLabel::ExtractMany(std::vector<TKDXBaseItem*>& aItems) {
     item->fListed = false;
     return again;
   });
-  const auto gone = [](const TKDXBaseItem* item) { return item == nullptr || !item->fListed; };
-  fItems.ExtractIf(gone);
-  std::erase_if(fCalcs, gone);
+  fItems.ExtractIf([](const TKDXBaseItem* item) { return !item->fListed; });
+  for (TKDXBaseItem* item : aItems) Undefer(*item);
 }
 
 void TKDXBaseLabel::CleanLibray() {

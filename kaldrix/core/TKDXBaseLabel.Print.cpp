@@ -249,7 +249,6 @@ TKDXBaseItem& TKDXBaseLabel::MakePreviewCopy(const TKDXBaseItem& aItem, int aRow
 }
 
 void TKDXBaseLabel::ClearPreview() {
-  std::erase_if(fCalcs, [](const TKDXBaseItem* item) { return item == nullptr || item->fFromPreview; });
   FreeAll(fPreview);
   fPrintInfo->fLastPageFill = -1;
 }

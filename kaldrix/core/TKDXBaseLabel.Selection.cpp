@@ -11,6 +11,7 @@ namespace Zor::inline Base {
 
 void TKDXBaseLabel::AddToSelection(TKDXBaseItem& aItem, bool aNotify) {
   CheckDrawn(aItem);
+  if (aItem.fState != isNormal) fSelectedAgain = true;
   aItem.fState = isSelected;
   const TNoticeHold hold(*this);
   fSelection.push_back(&aItem);
@@ -63,6 +64,7 @@ void TKDXBaseLabel::ClearSelectionSilently() {
   SweepItems(fSelection.begin(), fSelection.end(), [](TKDXBaseItem* item) { item->fState = isNormal; });
   for (TKDXBaseItem* link : fLinks) link->fState = isNormal;
   fSelection.clear();
+  fSelectedAgain = false;
   fLinks.clear();
 }
 

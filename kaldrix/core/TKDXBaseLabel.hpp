@@ -582,12 +582,14 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   void DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection);
   void RouteStaleLinks();
   void Defer(TKDXBaseItem& aItem);
+  void Undefer(TKDXBaseItem& aItem);
   /// Moves the first selected item to that place in fItems, 0-based.
   void Restack(TKDXBaseItem& aItem, bool aTop);
   /// An item has another layer.
   void FollowLayer(const TKDXBaseItem& aItem);
 
   void ClearSelectionSilently();
+  void Deselect(const TKDXBaseItem& aItem);
   bool SelectNeighbour(int aStep);
   void TellSelected(TKDXBaseItem& aItem);
   void TakeOnly(TKDXBaseItem& aItem, TZORItemState aState);

@@ -70,8 +70,9 @@ struct TLabelContent {
   int fUnReRef = 0;        ///< what a running undo or redo hands out
 
  protected:
-  bool fHasLinks = false;    ///< may be true without any, never false with one
-  bool fLinksStale = false;  ///< a node moved, came or went since the links were routed
+  bool fHasLinks = false;       ///< may be true without any, never false with one
+  bool fSelectedAgain = false;  ///< an item may stand in fSelection twice
+  bool fLinksStale = false;     ///< a node moved, came or went since the links were routed
   mutable TNameFinder fCounterFinder;
   std::vector<TZOPageLabel> fPageLabels;
   int fWalkLabel = 0;       ///< the label that the walk stands on, 0 when that is not known

@@ -156,5 +156,29 @@ TEST(ItemList, RanksAreGivenAnewWhereNoneIsLeft) {
   for (int i = 1; i <= layers; ++i) EXPECT_EQ(doc.LayerIdx(doc.GetItem(i)->fLayer), i - 1);
 }
 
+TEST(ItemList, WhatIsDeletedWhileItIsSelectedAndWaitsLeavesEveryList) {
+  // Selected in their order, against it and twice; deleted from both ends and from the middle.
+  for (const int kind : {0, 1, 2}) {
+    TBareLabel doc;
+    doc.BeginUpdate(true);
+    TItems items;
+    for (int i = 0; i < 9; ++i) items.push_back(doc.NewText(1000 * i, 1000));
+    for (TKDXBaseItem* item : items) static_cast<TKDXBaseText*>(item)->SetText("waits");
+    if (kind == 1) std::reverse(items.begin(), items.end());
+    for (TKDXBaseItem* item : items) doc.AddToSelection(*item, false);
+    if (kind == 2) doc.AddToSelection(*items[4], false);
+    for (const std::size_t index : {8U, 0U, 4U, 5U}) {
+      doc.DeleteItem(items[index], true);
+      EXPECT_EQ(std::count(doc.fSelection.begin(), doc.fSelection.end(), items[index]), 0);
+      EXPECT_EQ(std::count(doc.fCalcs.begin(), doc.fCalcs.end(), items[index]), 0);
+    }
+    doc.EndUpdate();
+    doc.ClearPreview();
+    doc.Undo();
+    EXPECT_EQ(doc.GetItemsCount(), 0) << "the deletions and then the making, in one group";
+    EXPECT_TRUE(doc.fSelection.empty());
+  }
+}
+
 }  // namespace
 }  // namespace Zor
