@@ -108,14 +108,14 @@ TEST(ClearTest, IdentitiesAreGivenOnceWhateverUndoBringsBack) {
     for (int i = 0; i < made; ++i) document.NewLine(0, 0, 9, 9);
     // The new lines go again, then the deleted ones come back.
     for (int i = 0; i < made + 2; ++i) document.Undo();
-    for (int i = 0; i < made; ++i) document.NewLine(0, 0, 9, 9);
+    for (int i = 0; i <= made; ++i) document.NewLine(0, 0, 9, 9);
     std::set<int> identities;
     std::set<std::string> names;
     for (const TKDXBaseItem* item : document.fItems) {
       EXPECT_TRUE(identities.insert(item->fInID).second) << item->fInID;
       EXPECT_TRUE(names.insert(item->fID).second) << item->fID;
     }
-    ASSERT_EQ(document.GetItemsCount(), made + 2);
+    ASSERT_EQ(document.GetItemsCount(), made + 3);
     EXPECT_NE(document.SearchItem("axis", false), nullptr);
   }
 }
