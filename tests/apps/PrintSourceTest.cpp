@@ -8,8 +8,8 @@
 #include "apps/Program.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
-#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
+#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/json/ZOR.JsonDataObjects.hpp"
 #include "kaldrix/platform/Files.hpp"
 

@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "apps/Program.hpp"
-#include "kaldrix/host/TKDXLabel.hpp"
 #include "kaldrix/core/TKDXCounter.hpp"
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/host/TKDXLabel.hpp"

@@ -6,11 +6,11 @@
 #include <filesystem>
 #include <random>
 
+#include "host/DrawingCheck.hpp"
 #include "kaldrix/core/Commands.hpp"
 #include "kaldrix/core/DiagramLoader.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/diagrams/ZORParseDiagram.hpp"
-#include "host/DrawingCheck.hpp"
 #include "kaldrix/host/diagrams/DiagramLoader.hpp"
 #include "kaldrix/items/TKDXBaseFlow.hpp"
 #include "kaldrix/platform/Files.hpp"

@@ -1,5 +1,5 @@
-// Names that windows.h and the headers of X11 define as macros, as nothing that compiles. What GetObject of JSON
-// does then is told in docs/embedding.md.
+// Names that windows.h and the headers of X11 define as macros, as nothing that compiles. What GetObject of
+// JSON does then is told in docs/embedding.md.
 #pragma once
 
 #define TAKEN @
