@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "kaldrix/core/IZOItemObserver.hpp"
@@ -203,8 +204,8 @@ class TKDXBaseItem : public TPersistent, public IZORStroke {
   virtual void Move(Single ax, Single ay, TZORMoveOpt aMoveOp);
   /// After a load: finds again what the item refers to by identity.
   virtual void ResolveReferences() {}
-  /// Is this a link with an end on the item of that identity?
-  virtual bool IsAttachedTo(int /*aInID*/) const { return false; }
+  /// The identities of the nodes that a link ends on.
+  virtual std::pair<int, int> EndIDs() const { return {0, 0}; }
   /// Is this a link with an end on a selected item?
   virtual bool IsAttachedToSelection() const { return false; }
   /// The nodes of the document moved, came or went: a link takes its route from its ends again.

@@ -19,14 +19,15 @@ namespace {
 
 /// Takes an item out of a list that tells it once. Looked for from both ends, since items mostly go in the
 /// order of the list or, when their making is undone, against it.
-void EraseItem(std::vector<TKDXBaseItem*>& aItems, const TKDXBaseItem* aItem) {
+bool EraseItem(std::vector<TKDXBaseItem*>& aItems, const TKDXBaseItem* aItem) {
   const auto count = static_cast<std::ptrdiff_t>(aItems.size());
   for (std::ptrdiff_t first = 0, last = count - 1; first <= last; ++first, --last) {
     const bool atLast = aItems[static_cast<std::size_t>(last)] == aItem;
     if (!atLast && aItems[static_cast<std::size_t>(first)] != aItem) continue;
     aItems.erase(aItems.begin() + (atLast ? last : first));
-    return;
+    return true;
   }
+  return false;
 }
 
 }  // namespace
@@ -55,10 +56,15 @@ void TKDXBaseLabel::Forget(TKDXBaseItem& aItem) {
   if (CarriesLinks(aItem.fItemType)) fLinksStale = true;
   if (aItem.fState != isNormal) {
     Deselect(aItem);
-    if (aItem.fItemType == itLink) EraseItem(fLinks, &aItem);
+    if (aItem.fItemType == itLink) DropLink(aItem);
   }
   fIndex.Remove(aItem);
   fItems.Extract(&aItem);
+}
+
+bool TKDXBaseLabel::DropLink(const TKDXBaseItem& aLink) {
+  fLinkEnds.Remove(aLink);
+  return EraseItem(fLinks, &aLink);
 }
 
 void TKDXBaseLabel::Deselect(const TKDXBaseItem& aItem) {
@@ -180,12 +186,11 @@ bool TKDXBaseLabel::RepeatID(std::string_view aID, const TKDXBaseItem* aItem) {
 
 // Deleting --------------------------------------------------
 
-void TKDXBaseLabel::DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection) {
-  for (std::size_t i = fLinks.size(); i > 0; --i) {
-    TKDXBaseItem* link = fLinks[i - 1];
-    if (!link->IsAttachedTo(aNode.InternalID())) continue;
-    fLinks.erase(fLinks.begin() + static_cast<std::ptrdiff_t>(i - 1));
-    if (aRemoveSelection) Deselect(*link);
+void TKDXBaseLabel::DeleteAttachedLinks(const IZORLink& aNode) {
+  for (TKDXBaseItem* link : fLinkEnds.LinksOf(aNode.InternalID(), fLinks)) {
+    if (!DropLink(*link)) continue;
+    Deselect(*link);
+    link->fState = isNormal;
     Free(*link);
   }
 }
@@ -195,11 +200,11 @@ void TKDXBaseLabel::DeleteItem(TKDXBaseItem* aItem, bool aRemoveSelection) {
   CheckOwn(*aItem);
   const TNoticeHold hold(*this);
   if (!fLinks.empty()) {
-    if (const auto* node = dynamic_cast<const IZORLink*>(aItem)) DeleteAttachedLinks(*node, aRemoveSelection);
+    if (const auto* node = dynamic_cast<const IZORLink*>(aItem)) DeleteAttachedLinks(*node);
   }
   if (aRemoveSelection && Selected(*aItem)) {
     Deselect(*aItem);
-    if (aItem->fItemType == itLink) EraseItem(fLinks, aItem);  // It may be selected by itself as well.
+    if (aItem->fItemType == itLink) DropLink(*aItem);  // It may be selected by itself as well.
     aItem->fState = isNormal;
     ChangeValue(chSelect);
   }

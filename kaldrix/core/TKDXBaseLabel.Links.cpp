@@ -33,6 +33,7 @@ bool TKDXBaseLabel::SearchLink(Int64 x, Int64 y, TZOLink& aLink, bool aFirst) co
 void TKDXBaseLabel::FillLinkList() {
   for (TKDXBaseItem* link : fLinks) link->fState = isNormal;
   fLinks.clear();
+  fLinkEnds.Forget();
   // A link may be selected by itself as well.
   for (TKDXBaseItem* item : fSelection) {
     if (item->fState == isNormal) item->fState = isSelected;

@@ -66,6 +66,7 @@ void TKDXBaseLabel::ClearSelectionSilently() {
   fSelection.clear();
   fSelectedAgain = false;
   fLinks.clear();
+  fLinkEnds.Forget();
 }
 
 TKDXBaseItem* TKDXBaseLabel::GetSelection(int aIndex) const {

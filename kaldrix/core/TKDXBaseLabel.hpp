@@ -227,6 +227,8 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
 
   // Links --------------------------------------------------
 
+  /// How a link reports that it ends on other nodes.
+  void LinkEndsChanged() { fLinkEnds.Forget(); }
   /// How a node reports that its link positions may have changed.
   void NodeMoved() { fLinksStale = true; }
   /// Brings the routes of all links up to date when a node moved, came or went; otherwise it costs nothing.
@@ -579,7 +581,7 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
   /// Takes items out of the drawing that are told in its order, without a look at any. False when some were
   /// told in another order, and are still there.
   bool ExtractInOrder(const std::vector<TKDXBaseItem*>& aItems);
-  void DeleteAttachedLinks(const IZORLink& aNode, bool aRemoveSelection);
+  void DeleteAttachedLinks(const IZORLink& aNode);
   void RouteStaleLinks();
   void Defer(TKDXBaseItem& aItem);
   void Undefer(TKDXBaseItem& aItem);
@@ -590,6 +592,8 @@ class TKDXBaseLabel : public TComponent, public TLabelContent {
 
   void ClearSelectionSilently();
   void Deselect(const TKDXBaseItem& aItem);
+  /// Takes a link out of fLinks; false when it is not there.
+  bool DropLink(const TKDXBaseItem& aLink);
   bool SelectNeighbour(int aStep);
   void TellSelected(TKDXBaseItem& aItem);
   void TakeOnly(TKDXBaseItem& aItem, TZORItemState aState);

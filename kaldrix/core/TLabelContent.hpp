@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "kaldrix/core/TItemList.hpp"
+#include "kaldrix/core/TLinkEnds.hpp"
 #include "kaldrix/core/TOwnedList.hpp"
 #include "kaldrix/core/TUndoStack.hpp"
 #include "kaldrix/platform/TNameFinder.hpp"
@@ -71,6 +72,7 @@ struct TLabelContent {
 
  protected:
   bool fHasLinks = false;       ///< may be true without any, never false with one
+  TLinkEnds fLinkEnds;          ///< of fLinks
   bool fSelectedAgain = false;  ///< an item may stand in fSelection twice
   bool fLinksStale = false;     ///< a node moved, came or went since the links were routed
   mutable TNameFinder fCounterFinder;

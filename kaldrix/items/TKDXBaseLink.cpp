@@ -61,6 +61,7 @@ void TKDXBaseLink::SetFromID(int aID) {
   if (fFromID == aID && fFromItem != nullptr) return;
   const TEdit edit(*this);
   fFromID = aID;
+  fOwner->LinkEndsChanged();
   fFromItem = nullptr;
   Reroute();
 }
@@ -70,6 +71,7 @@ void TKDXBaseLink::SetToID(int aID) {
   if (fToID == aID && fToItem != nullptr) return;
   const TEdit edit(*this);
   fToID = aID;
+  fOwner->LinkEndsChanged();
   fToItem = nullptr;
   Reroute();
 }

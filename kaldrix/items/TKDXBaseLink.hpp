@@ -112,7 +112,7 @@ class TKDXBaseLink : public TStyledItem<TKDXBaseItem>, public IZORSLink {
   /// Intended: half the way between the ends on each axis, not a position.
   TZORBase CenterPoint() const override;
   void ResolveReferences() override;
-  bool IsAttachedTo(int aInID) const override { return fFromID == aInID || fToID == aInID; }
+  std::pair<int, int> EndIDs() const override { return {fFromID, fToID}; }
   bool IsAttachedToSelection() const override;
   void FollowEnds() override;
 

@@ -43,7 +43,7 @@ constexpr bool HasAll() {
          HAS(RotateRight) && HAS(FillData) && HAS(ValueProblem) && HAS(WriteData) && HAS(ReadData) &&
          HAS(BoundsMove) && HAS(BaseMove) && HAS(DrawItem) && HAS(PrintItem) && HAS(CalcValues) &&
          HAS(NumPoints) && HAS(InsertPoint) && HAS(CenterPoint) && HAS(Move) && HAS(ResolveReferences) &&
-         HAS(IsAttachedTo) && HAS(IsAttachedToSelection) && HAS(FollowEnds) && HAS(ShowsMeasure) &&
+         HAS(EndIDs) && HAS(IsAttachedToSelection) && HAS(FollowEnds) && HAS(ShowsMeasure) &&
          HAS(MarkSymbolInUse) && HAS(ReplaceDimStyle) &&
          static_cast<TCutMove>(&TItem::CheckBaseBoundsMove) != nullptr &&
          static_cast<TCutResize>(&TItem::CheckBaseBoundsMove) != nullptr;

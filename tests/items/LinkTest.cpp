@@ -500,6 +500,41 @@ TEST(Link, GoesWithItsSelectedNodes) {
   EXPECT_EQ(Json(*all.doc.SearchItem(id, false)), json);
 }
 
+TEST(Link, EachNodeTakesItsSelectedLinksAlong) {
+  for (const bool selectsLinks : {false, true}) {
+    TBareLabel doc;
+    std::vector<int> nodes;
+    for (int i = 0; i < 8; ++i) {
+      nodes.push_back(doc.NewFlow(20000 * i, 0, 10000, 8000, ftProcess)->fInID);
+      if (i > 0) doc.NewLink(nodes[static_cast<std::size_t>(i) - 1], nodes.back(), 0, 0, ltDirLine);
+      if (i > 1) doc.NewLink(nodes.front(), nodes.back(), 0, 0, ltDirLine);
+    }
+    auto* moved = doc.NewLink(nodes[1], nodes[1], 0, 0, ltDirLine);
+    for (TKDXBaseItem* item : doc.fItems) {
+      if (selectsLinks || item->fItemType != itLink) doc.AddToSelection(*item, false);
+    }
+    doc.FillLinkList();
+    for (const std::size_t next : {5U, 7U, 0U, 2U, 1U}) {
+      std::size_t attached = 0;
+      for (const TKDXBaseItem* link : doc.fLinks) {
+        const auto [from, to] = link->EndIDs();
+        if (from == nodes[next] || to == nodes[next]) ++attached;
+      }
+      EXPECT_GT(attached, 0U);
+      const std::size_t links = doc.fLinks.size();
+      const int items = doc.GetItemsCount();
+      doc.DeleteItem(doc.SearchItem(nodes[next], false), true);
+      EXPECT_EQ(doc.fLinks.size(), links - attached);
+      EXPECT_EQ(doc.GetItemsCount(), items - 1 - static_cast<int>(attached));
+      // Its ends change while it stands in the list.
+      if (next != 5) continue;
+      moved->SetToID(nodes[7]);
+      moved->SetFromID(nodes[4]);
+      moved->SetToID(nodes[1]);
+    }
+  }
+}
+
 TEST(Link, TheListOfLinksFollowsTheSelection) {
   TLinked linked(Upper, Lower, ltDirLine);
   TBareLabel& doc = linked.doc;
