@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <string>
+
+#include "kaldrix/platform/Exceptions.hpp"
 
 namespace Zor::inline Datamatrix {
 
@@ -61,7 +64,11 @@ static_assert(std::ranges::all_of(SymbolParams, IsSound));
 
 }  // namespace
 
-const TECC200SymbolParam& SymbolParam(TECC200Size aSize) { return SymbolParams.at(aSize - 1U); }
+const TECC200SymbolParam& SymbolParam(TECC200Size aSize) {
+  if (aSize == ecc200_Autosize || aSize > SymbolParams.size())
+    throw EArgumentOutOfRangeException("There is no Data Matrix of size " + std::to_string(aSize));
+  return SymbolParams[aSize - 1U];
+}
 
 TECC200Size SmallestSize(std::int32_t aCodewords, TECC200Shape aShape) {
   const std::span<const TECC200SymbolParam> all(SymbolParams);

@@ -17,6 +17,15 @@ constexpr std::size_t Clusters = 3;
 
 [[noreturn]] void Refuse() { throw Exception("PDF417 Encode Error"); }
 
+/// What a table has for a codeword in the cluster of a row.
+template <class TTable>
+const auto& InCluster(const TTable& aTable, int aRow, int aCodeword) {
+  if (aRow < 0 || aCodeword < 0 || aCodeword >= static_cast<int>(Codewords))
+    throw EArgumentOutOfRangeException("There is no codeword " + std::to_string(aCodeword) + " in row " +
+                                       std::to_string(aRow));
+  return aTable[static_cast<std::size_t>(aRow) % Clusters][static_cast<std::size_t>(aCodeword)];
+}
+
 thread_local int usedCodeWords = 1;
 
 // Widths --------------------------------------------------
@@ -207,11 +216,11 @@ void TPDF417::CalculateECC(TCodeWords& aWords, int aNumCodewords, int aECCLen) {
 // Drawing --------------------------------------------------
 
 const TPdf417Widths& TPDF417::Widths(int aRow, int aCodeword) {
-  return WidthsByCluster[static_cast<std::size_t>(aRow) % Clusters].at(static_cast<std::size_t>(aCodeword));
+  return InCluster(WidthsByCluster, aRow, aCodeword);
 }
 
 std::uint32_t TPDF417::Modules(int aRow, int aCodeword) {
-  return ModulesByCluster[static_cast<std::size_t>(aRow) % Clusters].at(static_cast<std::size_t>(aCodeword));
+  return InCluster(ModulesByCluster, aRow, aCodeword);
 }
 
 int TPDF417::LeftIndicator(int aRow, int aRows, int aCols, int aLevel) {

@@ -57,7 +57,8 @@ class TPDF417 {
 
   // Drawing --------------------------------------------------
 
-  /// The widths of a codeword (0 to 928) in row `aRow`, 0-based, whose cluster is aRow mod 3.
+  /// The widths of a codeword (0 to 928) in row `aRow`, 0-based, whose cluster is aRow mod 3. Raises
+  /// EArgumentOutOfRangeException outside those.
   static const TPdf417Widths& Widths(int aRow, int aCodeword);
   /// The same as modules, the first in the highest of 17 bits, a bar is 1.
   static std::uint32_t Modules(int aRow, int aCodeword);

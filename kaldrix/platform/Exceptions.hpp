@@ -1,4 +1,6 @@
-// The exception families of the library. Every failure that a caller can meet is one of these.
+// The exception families of the library. Every failure that a caller can meet is one of these, but for
+// std::bad_alloc and std::length_error, where memory or the room of a list ends, and what the caller's own
+// observers, events and data sets throw.
 #pragma once
 
 #include <stdexcept>

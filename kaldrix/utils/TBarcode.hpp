@@ -50,6 +50,8 @@ class TBarcode {
   /// The width of a pattern in the unit of `BarWidth`, base points. Each wide element is rounded by itself.
   /// An invalid code takes 60 bar widths, whatever the pattern.
   static int BarCodeWidth(std::string_view Pattern, int BarWidth, Single Factor, bool IsValid);
+  /// How wide an element of a pattern is (ElementWidth), and what it is: a bar (dbB), a short one that stands
+  /// at the lower end (dbB2), one that reaches down into the text (dbEB), or a space (dbW, dbEW).
   static void FillBarData(char Char, TZORDrawWidth& Width, TZORDrawBar& Bar);
   /// Where the groups of digits stand, from the left edge of the pattern, in the unit of `BarWidth`: the
   /// middles of the halves, and for a digit behind the last guard the end of the pattern.

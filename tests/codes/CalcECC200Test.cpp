@@ -156,6 +156,7 @@ TEST(DataMatrixTest, RefusesWhatDoesNotFit) {
   EXPECT_EQ(Failure(std::string(1555, '\xC8')), "none");
   EXPECT_EQ(Failure(std::string(1556, '\xC8')), "Base256_Encode Error");
   EXPECT_EQ(Failure(std::string(50'000'000, ' ') + '\xC8'), "MakeCodeword Error");
+  EXPECT_EQ(Failure("a", static_cast<TECC200Size>(31)), "There is no Data Matrix of size 31");
 }
 
 }  // namespace

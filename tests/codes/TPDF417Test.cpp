@@ -154,6 +154,13 @@ TEST(PDF417Test, RefusesWhatDoesNotFitAndKeepsTheFormerWords) {
   EXPECT_EQ(TPDF417::UsedCodeWords(), 926);
 }
 
+TEST(PDF417Test, RefusesWhatIsNoCodeword) {
+  for (const int word : {-1, 929}) {
+    EXPECT_THROW(TPDF417::Widths(0, word), EArgumentOutOfRangeException);
+    EXPECT_THROW(TPDF417::Modules(0, word), EArgumentOutOfRangeException);
+  }
+}
+
 // What a reader sees --------------------------------------------------
 
 struct TSymbol {
