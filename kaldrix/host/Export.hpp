@@ -36,9 +36,9 @@ struct TExportOptions {
 
 // Each gives the bytes of the file. Items are taken when they and their layer are visible and exported, in
 // z-order. What cannot be exported raises an Exception: a label without a size, nothing to fit to, a
-// resolution out of range, a picture above MaxPixels, an image that cannot be read, a barcode whose text its
-// kind cannot hold. Without data open, barcodes that are bound to data show what they were drawn with, or
-// nothing.
+// resolution or a factor out of range, a picture above MaxPixels, an image that cannot be read, a barcode
+// whose text its kind cannot hold. Without data open, barcodes that are bound to data show what they were
+// drawn with, or nothing.
 std::string ExportSvg(TKDXLabel& aDocument, const TExportOptions& aOptions);
 std::string ExportPng(TKDXLabel& aDocument, const TExportOptions& aOptions);
 std::string ExportPdf(TKDXLabel& aDocument, const TExportOptions& aOptions);

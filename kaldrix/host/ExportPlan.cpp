@@ -1,6 +1,7 @@
 #include "kaldrix/host/ExportPlan.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 #include "kaldrix/core/TKDXBasePrintInfo.hpp"
@@ -31,6 +32,8 @@ TExportPlan::TExportPlan(TKDXLabel& aDocument, const TExportOptions& aOptions)
       fOption(aOptions.print ? lopPrint : lopExport),
       fRecord(aDocument) {
   if (aOptions.page < 0) throw EArgumentOutOfRangeException("Pages count from 1");
+  if (!std::isfinite(aOptions.factor) || aOptions.factor <= 0)
+    throw EArgumentOutOfRangeException("The factor must be above 0");
   if (fSheet && aOptions.fit) throw EArgumentException("A sheet of labels cannot be fitted to its items");
   const TKDXMeasure& measure = *aDocument.fMeasure;
   if (measure.fWidth <= 0 || measure.fHeight <= 0) throw EInvalidOperation("The label has no size");

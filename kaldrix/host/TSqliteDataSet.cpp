@@ -266,6 +266,12 @@ std::int64_t TSqliteDataSet::RecordCount() const {
   return fCount = count;
 }
 
+const TField& TSqliteDataSet::Fields(int aIndex) const {
+  if (aIndex < 0 || aIndex >= FieldCount())
+    throw EListError(fFileName + ": the query has no column " + std::to_string(aIndex));
+  return *fFields[static_cast<std::size_t>(aIndex)];
+}
+
 const TField* TSqliteDataSet::FindField(std::string_view aName) const {
   const int index = fFinder.Find(aName, FieldCount(), [this](int i) -> const std::string& {
     return fFields[static_cast<std::size_t>(i)]->FieldName();

@@ -38,7 +38,8 @@ class TSqliteDataSet final : public TDataSet {
   std::int64_t RecNo() const override { return fRecNo; }
   void SetRecNo(std::int64_t aRecord) override;
   int FieldCount() const override { return static_cast<int>(fFields.size()); }
-  const TField& Fields(int aIndex) const override { return *fFields.at(static_cast<std::size_t>(aIndex)); }
+  /// Raises EListError out of range.
+  const TField& Fields(int aIndex) const override;
   const TField* FindField(std::string_view aName) const override;
 
  private:

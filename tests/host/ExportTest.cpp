@@ -300,6 +300,8 @@ TEST(Export, RefusalsSayWhy) {
       {"nothing to fit", [](TKDXLabel&, TExportOptions& o) { o.fit = true; }},
       {"cannot be fitted", [](TKDXLabel&, TExportOptions& o) { o.fit = true, o.page = 1; }},
       {"Pages count from 1", [](TKDXLabel&, TExportOptions& o) { o.page = -1; }},
+      {"above 0", [](TKDXLabel&, TExportOptions& o) { o.factor = 0; }},
+      {"above 0", [](TKDXLabel&, TExportOptions& o) { o.factor = std::nanf(""); }},
       {"megapixels",
        [](TKDXLabel& doc, TExportOptions& o) {
          SetLabelMM(doc, 2000, 2000);

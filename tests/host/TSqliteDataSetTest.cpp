@@ -135,6 +135,8 @@ TEST_F(SqliteDataSet, FailuresNameFileAndReason) {
       {"ATTACH 'x' AS y", "the query gives no columns"},
   };
   for (const auto& [query, what] : cases) EXPECT_EQ(Failure(file.Name(), query), prefix + what);
+  const TSqliteDataSet set(file.Name(), "SELECT 1");
+  EXPECT_THROW(set.Fields(1), EListError);
   Run("BEGIN EXCLUSIVE");
   EXPECT_EQ(Failure(file.Name(), "SELECT * FROM item"), prefix + "database is locked");
 }
