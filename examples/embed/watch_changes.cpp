@@ -1,7 +1,7 @@
 // Listens to a document while it is edited and while the edits are taken back.
 #include <iostream>
 
-#include "kaldrix/host/TKDXLabel.hpp"
+#include "kaldrix/host/Host.hpp"
 
 namespace {
 
@@ -23,11 +23,12 @@ int main() {
   label.Attach(&view);
 
   auto* line = label.NewLine(0, 0, 10000, 10000);
-  label.BeginUpdate(true);
-  line->SetColor(0xFF1E88E5);
-  line->SetLineType(Zor::ii21);
-  line->BaseMove(5000, 0, 0, 0, Zor::moAll, true);
-  label.EndUpdate();
+  {
+    const Zor::TUpdateBracket bracket(label);
+    line->SetColor(0xFF1E88E5);
+    line->SetLineType(Zor::ii21);
+    line->BaseMove(5000, 0, 0, 0, Zor::moAll, true);
+  }
   std::cout << "edited: starts at " << line->GetPointX(1) << " mm, " << view.fPaints << " paint\n";
 
   label.Undo();
@@ -36,6 +37,4 @@ int main() {
   while (!label.IsRedoEmpty()) label.Redo();
   std::cout << "redone: starts at " << line->GetPointX(1) << " mm, line type " << int{line->GetLineType()}
             << '\n';
-
-  label.Detach(&view);
 }
