@@ -18,9 +18,14 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
 endif()
 
 option(KALDRIX_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
-if(KALDRIX_SANITIZE)
+option(KALDRIX_SANITIZE_THREADS "Thread sanitizer" OFF)
+if(KALDRIX_SANITIZE_THREADS)
+  set(sanitizers -fsanitize=thread -fno-omit-frame-pointer)
+elseif(KALDRIX_SANITIZE)
   set(sanitizers -fsanitize=address,bounds,shift,signed-integer-overflow,integer-divide-by-zero,null,return,bool,enum
       -fno-sanitize-recover=all -fno-omit-frame-pointer)
+endif()
+if(sanitizers)
   target_compile_options(kaldrix_flags INTERFACE ${sanitizers})
   target_link_options(kaldrix_flags INTERFACE ${sanitizers})
 endif()

@@ -29,7 +29,7 @@ endfunction()
 install(TARGETS kaldrix EXPORT KaldrixTargets)
 install(EXPORT KaldrixTargets NAMESPACE Kaldrix:: DESTINATION ${package_dir})
 install(DIRECTORY kaldrix DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.hpp"
-  PATTERN "CheckSum.hpp" EXCLUDE PATTERN "host" EXCLUDE)
+  PATTERN "host" EXCLUDE)
 install(FILES ${PROJECT_BINARY_DIR}/include/kaldrix/Version.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kaldrix)
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 kaldrix_pkgconfig(kaldrix ${PROJECT_DESCRIPTION} LINKS ${KALDRIX_CORE_PACKAGES})

@@ -50,7 +50,12 @@ TRunWriter::TRunWriter(TKDXLabel& aDocument, TLabelRun& aRun, const TRunJob& aJo
       fRun(aRun),
       fJob(aJob),
       fBackground(aDocument, true),
-      fEach(aJob.part.value_or(DefaultPart)) {}
+      fEach(aJob.part.value_or(DefaultPart)) {
+  if (fJob.sink && !fJob.manifest.empty())
+    throw EArgumentException("A run with a ledger is written into files, not into a sink");
+  if (!fJob.sink && fJob.output == "-")
+    throw EArgumentException("The output \"-\" of a run needs a sink; a file of that name is \"./-\"");
+}
 
 /// What is unfinished goes.
 TRunWriter::~TRunWriter() {
@@ -235,6 +240,7 @@ void TRunWriter::WritePage(int aPage, const std::string& aFile) {
 }
 
 void TRunWriter::WriteWhole(const std::string& aFile, const std::string& aBytes) {
+  if (fJob.sink) return fJob.sink(aBytes);
   WriteFileAtomically(aFile, aBytes);
   fUnfinished.push_back(aFile);
 }

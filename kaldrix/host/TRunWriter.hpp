@@ -20,13 +20,15 @@ enum TRunFormat { rfPdf, rfSvg, rfPng };
 constexpr int DefaultPart = 50;
 
 struct TRunJob {
-  std::string output;  ///< "-": a PDF to `sink`
+  std::string output;  ///< the file, or where it is numbered what its name begins with; not used with `sink`
   TRunFormat format = rfPdf;
   TExportOptions options;
   std::string manifest;     ///< the ledger; empty for none
   std::optional<int> part;  ///< pages to a part, with a ledger; if not told as that says, else DefaultPart
   bool keepGoing = false;
   std::uint32_t data = 0, document = 0;  ///< what TRunHead tells of them
+  /// Takes what would go to files: a PDF piece by piece, SVG and PNG in one call for each page, before its
+  /// `onPage`. Without a ledger only.
   std::function<void(std::string_view)> sink;
   /// Called for each label that is left out, and after each page.
   std::function<void(const TRunLabel&)> onLeftOut;
@@ -41,6 +43,8 @@ struct TRunJob {
 /// with `keepGoing` stays empty.
 class TRunWriter {
  public:
+  /// Raises EArgumentException for an output "-" without a sink, which is no file, and for a sink with a
+  /// ledger, which tells of files.
   TRunWriter(TKDXLabel& aDocument, TLabelRun& aRun, const TRunJob& aJob);
   ~TRunWriter();
   TRunWriter(const TRunWriter&) = delete;

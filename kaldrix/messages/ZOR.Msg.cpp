@@ -3,10 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <memory>
+#include <mutex>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "kaldrix/messages/BuiltInTexts.hpp"
+#include "kaldrix/platform/Exceptions.hpp"
 #include "kaldrix/platform/Files.hpp"
 #include "kaldrix/platform/TIniFile.hpp"
 
@@ -56,15 +60,43 @@ TDictionary BuiltIn() {
   return texts;
 }
 
-/// The catalogue. Made at the first use, so that objects of any unit find their texts, however early.
-TDictionary& Catalogue() {
-  static TDictionary texts = BuiltIn();
-  return texts;
+/// The catalogue: texts that nobody changes any more, until others take their place.
+class TCatalogue {
+ public:
+  using TTexts = std::shared_ptr<const TDictionary>;
+
+  /// Stays while the caller holds it, whatever is loaded meanwhile.
+  TTexts Texts() const {
+    const std::lock_guard lock(fMutex);
+    return fTexts;
+  }
+  void Put(TDictionary aTexts) {
+    TTexts texts = std::make_shared<const TDictionary>(std::move(aTexts));
+    const std::lock_guard lock(fMutex);
+    fTexts.swap(texts);  // the former texts go behind the lock, with their last reader
+  }
+
+ private:
+  mutable std::mutex fMutex;
+  TTexts fTexts = std::make_shared<const TDictionary>(BuiltIn());
+};
+
+/// Made at the first use, so that objects of any unit find their texts, however early.
+TCatalogue& Catalogue() {
+  static TCatalogue catalogue;
+  return catalogue;
+}
+
+void LoadFile(const TIniFile& aFile) {
+  TDictionary texts = BuiltIn();
+  Overlay(texts, aFile);
+  Catalogue().Put(std::move(texts));
 }
 
 std::string Value(std::string_view aPrefix, std::string_view aResName) {
-  const auto found = Catalogue().find(std::string(aPrefix).append(aResName));
-  return found == Catalogue().end() ? std::string(TKDXMsg::NotFound) : found->second;
+  const TCatalogue::TTexts texts = Catalogue().Texts();
+  const auto found = texts->find(std::string(aPrefix).append(aResName));
+  return found == texts->end() ? std::string(TKDXMsg::NotFound) : found->second;
 }
 
 }  // namespace
@@ -79,21 +111,23 @@ std::string TKDXMsg::GetActionsValue(std::string_view aResName) { return Value("
 std::string TKDXMsg::GetCommandValue(std::string_view aResName) { return Value("cmd", aResName); }
 
 void TKDXMsg::LoadResources(const std::string& aFileName) {
-  LoadText({});
-  if (FileExists(aFileName)) Overlay(Catalogue(), TIniFile::LoadFromFile(aFileName));
+  try {
+    LoadFile(FileExists(aFileName) ? TIniFile::LoadFromFile(aFileName) : TIniFile());
+  } catch (const Exception&) {
+    LoadText({});
+    throw;
+  }
 }
 
-void TKDXMsg::LoadText(std::string_view aText) {
-  Catalogue() = BuiltIn();
-  Overlay(Catalogue(), TIniFile::FromText(aText));
-}
+void TKDXMsg::LoadText(std::string_view aText) { LoadFile(TIniFile::FromText(aText)); }
 
 void TKDXMsg::SaveToIniFile(const std::string& aFileName) { WriteFileAtomically(aFileName, IniText()); }
 
 std::string TKDXMsg::IniText() {
+  const TCatalogue::TTexts texts = Catalogue().Texts();
   std::vector<std::string> lines;
-  lines.reserve(Catalogue().size());
-  for (const auto& [key, text] : Catalogue()) lines.push_back(key + "=" + text);
+  lines.reserve(texts->size());
+  for (const auto& [key, text] : *texts) lines.push_back(key + "=" + text);
   std::sort(lines.begin(), lines.end());
 
   TIniFile file;

@@ -10,7 +10,8 @@ namespace Zor::inline Msg {
 /// keys are a group prefix of three lower-case letters followed by the message's name; callers of the
 /// accessors pass the name alone. The lookup is exact, with case.
 ///
-/// There is no lock: LoadResources must not run while another thread looks texts up.
+/// Any thread may look texts up and load others at any time: each call sees the texts of one load, whole, and
+/// what an accessor gives is the caller's own.
 class TKDXMsg {
  public:
   TKDXMsg() = delete;

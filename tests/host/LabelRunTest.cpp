@@ -6,8 +6,10 @@
 #include "kaldrix/core/TKDXData.hpp"
 #include "kaldrix/core/TKDXMeasure.hpp"
 #include "kaldrix/host/Export.hpp"
+#include "kaldrix/host/TRunWriter.hpp"
 #include "kaldrix/host/TSqliteDataSet.hpp"
 #include "kaldrix/platform/Exceptions.hpp"
+#include "kaldrix/platform/Files.hpp"
 #include "support/TTestFile.hpp"
 #include "tests/host/Rendered.hpp"
 
@@ -89,6 +91,36 @@ TEST_F(LabelRun, OneLabelShowsTheCurrentRecordInEveryForm) {
   EXPECT_EQ(doc.SaveToBytes(lfJSON), json);
   EXPECT_EQ(doc.fMaxID, identity);
   EXPECT_TRUE(doc.fPreview.IsEmpty());
+}
+
+/// Where there is a sink, no file is written, whatever the form; "-" alone is no name of a file.
+TEST_F(LabelRun, ASinkTakesEveryForm) {
+  doc.fData->SetJson(R"({"rows": [{"n": "A"}, {"n": "B"}, {"n": "C"}, {"n": "D"}]})");
+  doc.fData->Select(dtyJson);
+  Bind("{n");
+  TLabelRun run(doc);
+  TRunJob job;
+  job.output = "-";
+  EXPECT_THROW(TRunWriter(doc, run, job), EArgumentException);
+
+  std::vector<std::string> given;
+  job.sink = [&](std::string_view bytes) { given.emplace_back(bytes); };
+  const auto write = [&](TRunFormat aFormat) {
+    given.clear();
+    job.format = aFormat;
+    TRunWriter(doc, run, job).Write();
+    return given;
+  };
+  const std::vector<std::string> svg = write(rfSvg), png = write(rfPng);
+  ASSERT_EQ(svg.size(), 2U) << "a call for each page";
+  EXPECT_EQ(Texts(svg[0]) + Texts(svg[1]), "A B C D ");
+  ASSERT_EQ(png.size(), 2U);
+  EXPECT_GT(Testing::FromPng(png[1], 300).picture.width, 0);
+  EXPECT_TRUE(write(rfPdf).front().starts_with("%PDF-"));
+  EXPECT_FALSE(FileExists("-") || FileExists("--0001"));
+
+  job.manifest = "ledger";
+  EXPECT_THROW(TRunWriter(doc, run, job), EArgumentException);
 }
 
 TEST_F(LabelRun, LabelsBesideThePaperCount) {
