@@ -1,5 +1,6 @@
 // Diagrams as drawings: what a reader of the picture sees, and what a user of the document can do with it.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -197,11 +198,15 @@ std::string DotText(TKDXLabel& aDocument, const std::vector<TRandomEdge>& aEdges
 
 /// The edges that `dot -Tplain` drew, in steps of the check.
 std::vector<TTrace> DotTraces(const std::string& aText) {
-  const std::string input = testing::TempDir() + "graph.dot", output = testing::TempDir() + "graph.plain";
+  // Other runs of this test may be under way.
+  const std::string own = testing::TempDir() + "graph" + std::to_string(getpid());
+  const std::string input = own + ".dot", output = own + ".plain";
   WriteFileAtomically(input, aText);
   const std::string command = std::string(KALDRIX_DOT) + " -Tplain -o '" + output + "' '" + input + "'";
-  if (std::system(command.c_str()) != 0) return {};
-  return PlainTraces(ReadFile(output));
+  const bool drawn = std::system(command.c_str()) == 0;
+  const std::string plain = drawn ? ReadFile(output) : "";
+  for (const std::string& file : {input, output}) RemoveFile(file);
+  return PlainTraces(plain);
 }
 
 TEST(Diagram, LinksCrossHardlyMoreOftenThanThoseOfGraphviz) {

@@ -24,7 +24,7 @@ using TOn = typename TOperationOf<TItem, TOperation>::TType;
 template <class TItem>
 constexpr bool HasAll() {
 #define HAS(operation) \
-  (static_cast<TOn<TItem, decltype(&TKDXBaseItem::operation)>>(&TItem::operation) != nullptr)
+  requires { static_cast<TOn<TItem, decltype(&TKDXBaseItem::operation)>>(&TItem::operation); }
   using TCutMove = TOn<TItem, void (TKDXBaseItem::*)(Int64&, Int64&) const>;
   using TCutResize = TOn<TItem, void (TKDXBaseItem::*)(Int64&, Int64&, TZORMoveOpt) const>;
   return HAS(Document) && HAS(GetID) && HAS(GetAngle) && HAS(GetLayer) && HAS(GetOptions) && HAS(Shows) &&
@@ -44,9 +44,10 @@ constexpr bool HasAll() {
          HAS(BoundsMove) && HAS(BaseMove) && HAS(DrawItem) && HAS(PrintItem) && HAS(CalcValues) &&
          HAS(NumPoints) && HAS(InsertPoint) && HAS(CenterPoint) && HAS(Move) && HAS(ResolveReferences) &&
          HAS(EndIDs) && HAS(IsAttachedToSelection) && HAS(FollowEnds) && HAS(ShowsMeasure) &&
-         HAS(MarkSymbolInUse) && HAS(ReplaceDimStyle) &&
-         static_cast<TCutMove>(&TItem::CheckBaseBoundsMove) != nullptr &&
-         static_cast<TCutResize>(&TItem::CheckBaseBoundsMove) != nullptr;
+         HAS(MarkSymbolInUse) && HAS(ReplaceDimStyle) && requires {
+    static_cast<TCutMove>(&TItem::CheckBaseBoundsMove);
+  }
+  &&requires { static_cast<TCutResize>(&TItem::CheckBaseBoundsMove); };
 #undef HAS
 }
 
