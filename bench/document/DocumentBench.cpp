@@ -1,11 +1,14 @@
 // A drawing of mixed items at four sizes: loading, writing, moving, undoing and deleting. Prints the cost of
-// an item at each size, and last the figures that have a target: the growth of that cost from ten thousand
-// items to a million, reading JSON against parsing it, and the memory of a line.
+// an item at each size with the pages of memory that the work touched for the first time (in the run that
+// touched most: what a process has had before, it mostly keeps), and last the figures that have a target: the
+// growth of that cost from ten thousand items to a million, reading JSON against parsing it, and the memory
+// of a line.
 //
 //     document_bench [MOST]      leaves out the sizes above MOST
 //
 // document_bench_tcmalloc is the same over tcmalloc.
 #include <malloc.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <array>
@@ -37,12 +40,21 @@ constexpr std::array<const char*, wkCount> WorkNames{"parse JSON", "load JSON", 
 
 /// Nanoseconds per item, the fastest run, by size and work.
 using TFigures = std::array<std::array<double, wkCount>, Sizes.size()>;
+/// Pages by work.
+using TPages = std::array<long, wkCount>;
 
 /// Seconds of processor time, which other work on a shared machine disturbs least.
 double ProcessorTime() {
   timespec now{};
   clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
   return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+/// Pages of memory that this process touched for the first time.
+long PagesTouched() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_minflt;
 }
 
 std::size_t HeapInUse() {
@@ -109,7 +121,8 @@ TDrawing MakeDrawing(int aCount) {
 /// Runs each work on one drawing and keeps the fastest time of each.
 class TRun {
  public:
-  TRun(int aCount, std::array<double, wkCount>& aBest) : fCount(aCount), fBest(aBest) {
+  TRun(int aCount, std::array<double, wkCount>& aBest, TPages& aMost)
+      : fCount(aCount), fBest(aBest), fMost(aMost) {
     fBest.fill(std::numeric_limits<double>::max());
   }
 
@@ -142,21 +155,24 @@ class TRun {
   /// What the body returns is freed outside the time.
   template <class TBody>
   void Time(TWork aWork, TBody aBody) {
+    const long pages = PagesTouched();
     const double start = ProcessorTime();
     if constexpr (std::is_void_v<decltype(aBody())>) {
       aBody();
-      Keep(aWork, start);
+      Keep(aWork, start, pages);
     } else {
       const auto result = aBody();
-      Keep(aWork, start);
+      Keep(aWork, start, pages);
     }
   }
-  void Keep(TWork aWork, double aStart) {
+  void Keep(TWork aWork, double aStart, long aPages) {
+    fMost[aWork] = std::max(fMost[aWork], PagesTouched() - aPages);
     fBest[aWork] = std::min(fBest[aWork], (ProcessorTime() - aStart) * 1e9 / fCount);
   }
 
   int fCount;
   std::array<double, wkCount>& fBest;
+  TPages& fMost;
 };
 
 /// Bytes that a plain line takes in a document: the item, its points and its place in lists and indexes.
@@ -182,11 +198,12 @@ double BytesOfLine() {
 
 // The report --------------------------------------------------
 
-void PrintSize(int aCount, const std::array<double, wkCount>& aFigures) {
+void PrintSize(int aCount, const std::array<double, wkCount>& aFigures, const TPages& aPages) {
   std::printf("%d items\n", aCount);
   for (std::size_t work = 0; work < wkCount; ++work) {
-    std::printf("  %-14s %10.3f ms %8.0f ns per item\n", WorkNames[work], aFigures[work] * aCount / 1e6,
-                aFigures[work]);
+    std::printf("  %-14s %10.3f ms %8.0f ns per item %6.1f pages per 1000\n", WorkNames[work],
+                aFigures[work] * aCount / 1e6, aFigures[work],
+                1000.0 * static_cast<double>(aPages[work]) / aCount);
   }
 }
 
@@ -224,9 +241,10 @@ int main(int argc, char** argv) {
     if (size == 0)
       std::printf("%zu bytes of JSON and %zu of binary per item\n", drawing.json.size() / std::size_t(count),
                   drawing.binary.size() / std::size_t(count));
-    TRun run(count, figures[size]);
+    TPages pages{};
+    TRun run(count, figures[size], pages);
     for (int i = std::clamp(ItemsPerWork / count, LeastRuns, MostRuns); i > 0; --i) run.All(drawing);
-    PrintSize(count, figures[size]);
+    PrintSize(count, figures[size], pages);
   }
   PrintTargets(figures, size);
   return 0;

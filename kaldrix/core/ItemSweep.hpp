@@ -20,14 +20,14 @@ inline void Fetch([[maybe_unused]] const void* aMemory, [[maybe_unused]] std::si
 #endif
 }
 
-/// Calls `aVisit` with each item in turn; the memory of later ones, and then that of their points, is on its
+/// Calls `aVisit` with each item in turn; the first bytes of later ones, and then their points, are on their
 /// way meanwhile.
-template <class TIterator, class TVisit>
+template <std::size_t TheBytes = sizeof(TKDXBaseItem), class TIterator, class TVisit>
 void SweepItems(TIterator aFirst, TIterator aLast, TVisit aVisit) {
   constexpr std::ptrdiff_t soon = 4, later = 8;
   for (; aFirst != aLast; ++aFirst) {
     const std::ptrdiff_t left = aLast - aFirst;
-    if (left > later) Fetch(aFirst[later], sizeof(TKDXBaseItem));
+    if (left > later) Fetch(aFirst[later], TheBytes);
     if (left > soon) Fetch(aFirst[soon]->fPoints.data(), sizeof(TZORPto));
     aVisit(*aFirst);
   }

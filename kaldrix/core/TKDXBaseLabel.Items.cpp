@@ -255,10 +255,12 @@ void TKDXBaseLabel::FreeMany(std::vector<TKDXBaseItem*>& aItems,
   if (aItems.empty()) return;
   fLinksStale = true;
   ExtractMany(aItems);
-  // One after the other, so that what is kept of an item takes the memory that the former one had.
+  // One after the other, so that what is kept of an item takes the memory that the former one had. Freeing
+  // one looks at its end and at what the allocator keeps behind it.
+  constexpr std::size_t toItsEnd = sizeof(TKDXBaseItem) + 128;
   std::size_t left = aItems.size();
   try {
-    SweepItems(aItems.rbegin(), aItems.rend(), [&](TKDXBaseItem* item) {
+    SweepItems<toItsEnd>(aItems.rbegin(), aItems.rend(), [&](TKDXBaseItem* item) {
       if (aBefore != nullptr) (this->*aBefore)(*item);
       --left;
       fNotices.Goes(*item);
