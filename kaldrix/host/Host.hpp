@@ -1,5 +1,5 @@
-// All that a program uses of the library Kaldrix::kaldrix_host: documents with fonts and painting, their exports,
-// label runs and diagrams; and the library below it.
+// All that a program uses of the library Kaldrix::kaldrix_host: documents with fonts and painting, their
+// exports, label runs and diagrams; and the library below it.
 #pragma once
 
 #include "kaldrix/Kaldrix.hpp"
